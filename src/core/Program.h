@@ -1,0 +1,93 @@
+#pragma once
+
+#include "core/Ini_Values.h"
+#include "core/Screen.h"
+#include "core/mdlDB_Functions.h"
+#include "core/mdlDebug.h"
+#include "platform/Platform.h"
+#include "ui/Ui.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <vector>
+
+namespace vantrosk {
+
+/// Where things lie under the program's folder. Windows paths; folders end in "\", `AppPath` does not.
+struct Paths {
+    explicit Paths(const QString &app_path);
+
+    QString AppPath;
+    QString database; ///< ends in ";" so that it can be appended to a connection string
+    QString current_skin, skins, temp, tools, titles, info, help, enhancements, cheats, custom_game_images;
+    QString game_support, references, error_screenshots;
+    QString main_ini, tweaks_ini, qbar_ini, runonce_notes, install_recover_log, debug_log;
+};
+
+/// What the last scan found, beyond the list itself.
+struct Scan_Summary {
+    QString game; ///< the list's key
+    QString caption;
+    int zip_count = 0;
+    qint64 total_size = 0; ///< bytes
+    int completed = 0;
+    int saves = 0;
+    QStringList undetermined, wrong_folder, not_structured;
+    QString excess_page_path; ///< Windows path; empty when there was nothing to report
+};
+
+/// What the selected FM is, as found out at its selection and used by install and play.
+struct Selected_Fm {
+    QString RTF_readme, VKML_readme; ///< names as in the zip
+    QString FM_FOLDER;               ///< folder in the zip of the last .PK4
+    QString background_image;        ///< name in INFO
+    QString zip_date;                ///< "YYYY/MM/DD"
+    qint64 total_uncompressed = 0;
+    QStringList mission_files;
+    QString readme_page; ///< Windows path of the page or file shown; empty for none
+    bool marked_dark_mod = false;
+    QString install_state; ///< "installed", "not installed" or "other installed"
+};
+
+/// What one running program knows. Procedures take it as their first argument; there are no other globals.
+struct Program {
+    /// `app_path` is the program's folder, a Windows path without a trailing separator.
+    Program(Platform &platform_, Ui &ui_, const QString &app_path);
+    ~Program();
+    Program(const Program &) = delete;
+    Program &operator=(const Program &) = delete;
+
+    Platform &platform;
+    Ui &ui;
+    Files &files; ///< platform.files
+    Clock &clock; ///< platform.clock
+    const Paths paths;
+    Main_Ini ini;
+    Tweaks tweaks;
+    Trace trace;
+    Database database;
+    Screen screen;
+    Scan_Summary scan;
+    Selected_Fm fm;
+
+    bool first_run = false;
+    QString server_base_url;
+    QString VKGUID;
+
+    // Process-wide state under the names that the trace console shows.
+    QString CURRENT_GAME;      ///< the active game: what install and play work on
+    QString SELECTED_GAME_TAB; ///< the key that the list was filled for; "CUSTOM" for custom games
+    QString CURRENT_GAME_PATH; ///< folder of the active game, no trailing "\"
+    QString CURRENT_LOCATION;  ///< folder of the zips, no trailing "\"
+    QString TEXTFILENAME, MISSIONFILE, PREVIOUS_ZIP, WELCOMEPIC, HELPCONTEXT;
+    QString FM_PANEL; ///< zip cell of the selected row: what install and play apply to
+    QString SQL;      ///< last statement
+    bool SAVE_SCORE_NOW = false;
+
+    // Custom game of the current list.
+    QString custom_name, custom_extensions, custom_game_path;
+};
+
+} // namespace vantrosk

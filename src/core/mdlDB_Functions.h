@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <memory>
+#include <vector>
+
+namespace vantrosk {
+
+struct Program;
+
+/// All rows of a query, read at once. Columns are found without regard to case.
+class Recordset {
+public:
+    QStringList columns;
+    std::vector<std::vector<QVariant>> rows;
+
+    int size() const { return static_cast<int>(rows.size()); }
+    bool is_empty() const { return rows.empty(); }
+    int column(const QString &name) const; ///< -1 when absent
+    bool is_null(int row, const QString &name) const;
+    /// Empty for null. A date-time reads "YYYY-MM-DD HH:MM:SS".
+    QString text(int row, const QString &name) const;
+    int number(int row, const QString &name) const; ///< 0 for null and for text that is no number
+};
+
+/// The open database file. Statements speak the program's own dialect (now(), InStr, top, #date#, text in
+/// double quotes, counter, memo, currency); `Translate_statement` turns it into the engine's.
+class Database {
+public:
+    Database();
+    ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+    friend State &Database_state(Database &database);
+};
+
+/// Runs one statement. Throws `Program_Error` with the engine's reason.
+void db_Execute(Program &program, const QString &sql);
+/// Runs one query and reads it whole. Throws `Program_Error`.
+Recordset db_Query(Program &program, const QString &sql);
+
+/// The engine's own form of one statement. Works on tokens: text in quotes is never touched.
+QString Translate_statement(const QString &sql);
+
+/// A value between single quotes; a quote inside is doubled.
+QString In_single_quotes(const QString &value);
+/// A value between double quotes; a quote inside is doubled.
+QString In_double_quotes(const QString &value);
+/// FM names and authors are stored with the double-quote character in the place of every single quote.
+QString Name_for_database(const QString &name);
+/// The reverse, for cells and fields.
+QString Name_for_display(const QString &stored);
+
+/// Opens the file, making it with all tables when it is missing. False when it can not be used.
+bool Open_database(Program &program);
+
+bool DB_Create_Table_If_Missing(Program &program, const QString &table, const QString &columns);
+bool DB_Add_Columns_If_Missing(Program &program, const QString &table, const QString &names,
+                               const QString &types, bool apply);
+bool DB_Resize_Text_Column(Program &program, const QString &table, const QString &column, bool apply,
+                           int size);
+void DB_Upgrade_Tables(Program &program);
+void DB_Message_Seen(Program &program, const QString &name);
+bool DB_Message_Was_Seen(Program &program, const QString &name);
+/// Sets `last_played` of the current game's row to now; a name that begins "Original" is passed over.
+void DB_Touch_Last_Played(Program &program, const QString &zip_name);
+/// `decode` false: double quote, single quote, line break, "?" and "&" as "%22" and so on; true: back.
+QString Encode_Text(const QString &text, bool decode);
+
+} // namespace vantrosk

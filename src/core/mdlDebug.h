@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+namespace vantrosk {
+
+struct Program;
+struct Box;
+enum class Answer;
+
+/// State of the trace: off unless the user asked for it.
+struct Trace {
+    bool enabled = false;
+    QString last;
+    QString text; ///< content of the trace box
+};
+
+bool debug_enabled(const Program &program);
+void set_debug(Program &program, bool on);
+/// One line for the trace box; an empty text leaves it alone. Costs nothing while the trace is off.
+void debug_print(Program &program, const QString &text);
+/// Holds until the user continues; returns at once with an empty prompt or with the trace off.
+void debug_pause(Program &program, const QString &prompt);
+
+/// "debug.log": the text log of the latest scan or selection. Opened for each use, failure not reported.
+void Start_debug_log(Program &program);
+void Write_debug_log(Program &program, const QString &line);
+/// Hands the gathered lines to the disk; scans gather so that thousands of zips are not thousands of writes.
+void Flush_debug_log(Program &program);
+
+} // namespace vantrosk

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <stdexcept>
+
+namespace vantrosk {
+
+struct Program;
+
+/// The one error type above the platform and the zip layer. Thrown by the database and by whatever can not go
+/// on; caught by `With_error_box`.
+class Program_Error : public std::runtime_error {
+public:
+    Program_Error(int number, const QString &description);
+    int number() const { return number_; }
+    const QString &description() const { return description_; }
+
+private:
+    int number_;
+    QString description_;
+};
+
+/// Runs `work`. A fault in it shows the standard error box with the procedure's and module's name
+/// ("Get_archives", "Form frmMain"), leaves a trace line, and gives false; the program goes on.
+bool With_error_box(Program &program, const QString &procedure, const QString &module,
+                    const std::function<void()> &work);
+
+} // namespace vantrosk

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/Fault.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace vantrosk {
+
+struct Program;
+
+/// "Vantrosk.ini" and "Vantrosk_Tweaks.ini": pairs of lines, a key in brackets and its value. Lines end in
+/// CR LF. Read once at start.
+void Read_Ini_Files(Program &program);
+Fault Write_Main_Ini(Program &program);
+Fault Write_Tweaks_Ini(Program &program);
+void Set_Display_Defaults(Program &program);
+void set_default_fonts(Program &program);
+
+/// The pairs of one of the two files, in writing order, keys without brackets.
+struct Ini_Pair {
+    QString key;
+    QString value;
+};
+std::vector<Ini_Pair> Main_ini_pairs(const Program &program);
+std::vector<Ini_Pair> Tweaks_ini_pairs(const Program &program);
+/// Sets the one value of that key (no brackets, spelled exactly); false for an unknown key or a value that
+/// its type can not hold.
+bool Set_main_ini_value(Program &program, const QString &key, const QString &value);
+bool Set_tweaks_ini_value(Program &program, const QString &key, const QString &value);
+/// What kind of text a main key holds, for a face that turns native paths into Windows paths at the door.
+enum class Ini_Kind { text, folder, folder_list, file, boolean, integer };
+Ini_Kind Main_ini_kind(const QString &key);
+
+/// Folder lists: pieces are behind "*#*"; the list is read up to its first empty piece.
+QStringList Split_folder_list(const QString &list);
+QString Join_folder_list(const QStringList &folders);
+
+bool FileExists(const Program &program, const QString &path);
+bool FolderExists(const Program &program, const QString &path);
+/// Text behind the last separator: "/" when `forward`, else "\".
+QString FileNameFromPath(const QString &path, bool forward = false);
+/// Last folder name; a trailing separator of either kind is cut first.
+QString FolderNameFromPath(const QString &path, bool forward = false);
+/// Clears what blocks deletion and deletes; a missing file is no failure.
+Fault DeleteFileForced(Program &program, const QString &path);
+/// With a second path both must exist, and the second is the one deleted.
+Fault DeleteFileForced(Program &program, const QString &path, const QString &second_path);
+/// Copies, and deletes the source once the copy exists; tells whether `to` exists.
+bool MoveFileCopyDelete(Program &program, const QString &from, const QString &to);
+bool CreateFolderTree(Program &program, const QString &path);
+/// "512 Bytes", "1.5 KB", ... rounded to 2 decimals; with `megabytes`, "MB" from 2^10 up to 2^30. Empty from
+/// 2^60 up.
+QString FormatSize(qint64 bytes, bool megabytes = false);
+/// Deletes the files directly in a folder, links included; folders stay.
+void Empty_folder_of_files(Program &program, const QString &folder);
+
+/// Text of bytes from anywhere: UTF-8 when valid, UTF-16 with its mark, else Windows-1252.
+QString Decode_text(const QByteArray &bytes);
+/// Lines end at CR LF, LF or CR; a line is cut at 64 KiB.
+QStringList Split_lines(const QString &text);
+/// A readme or any other text from outside, at most 8 MiB of it; empty when it can not be read.
+QStringList Read_text_lines(const Program &program, const QString &path);
+/// UTF-8, every line ended by CR LF, written beside and moved over.
+Fault Write_text_lines(Program &program, const QString &path, const QStringList &lines);
+
+} // namespace vantrosk

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace vantrosk {
+
+struct Program;
+
+/// Selects a row as a click on it does: `row` counts from 0. Column as clicked.
+void Row_Click(Program &program, int row, int column);
+/// A click on a heading: sorts by it, a second click reverses.
+void Heading_Click(Program &program, int column);
+/// Jump by key: letters and digits typed so far choose the row.
+void Key_Press(Program &program, QChar key);
+/// The tip of a cell; row and column as in the list.
+QString Cell_Tip(const Program &program, int row, int column);
+/// Sorts the rows below the original ones by the text of a column. Calling it again reverses.
+void Sort_List(Program &program, int column);
+
+} // namespace vantrosk

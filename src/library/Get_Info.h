@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+namespace vantrosk {
+
+struct Program;
+
+/// Finds out what the selected mission is: lists its zip, extracts readme and pictures into INFO, shows the
+/// readme, settles the active game, fills the details panel and makes or mends its record.
+void Get_Info(Program &program, const QString &zip_name);
+
+} // namespace vantrosk

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/Fault.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
+
+namespace vantrosk {
+
+/// What a folder listing or a look at one path tells.
+struct File_Info {
+    QString name; ///< last part of the path, spelled as on disk
+    bool is_folder = false;
+    bool is_link = false; ///< a symbolic link; the other fields tell of its target
+    bool read_only = false;
+    qint64 size = 0;    ///< bytes; 0 for a folder
+    QDateTime modified; ///< local time
+};
+
+/// Files and folders under Windows paths ("C:\Games\Thief2"). Both separators are understood, names
+/// compare without case: an exact spelling is tried first, then the other spellings, folder by folder.
+/// A new file keeps the spelling it was given. No call here throws; none follows a path out of what it names.
+class Files {
+public:
+    virtual ~Files() = default;
+
+    /// The native path of a Windows path, existing parts in the spelling found on disk.
+    virtual QString to_native(const QString &path) const = 0;
+    /// The Windows path of an absolute native path; a path that is a Windows path already stays.
+    virtual QString to_windows(const QString &native_path) const = 0;
+
+    /// Nothing when there is no such file or folder (a dangling link counts as none).
+    virtual std::optional<File_Info> look(const QString &path) const = 0;
+    /// The entries of one folder, "." and ".." left out, in binary order of their names.
+    virtual Result<std::vector<File_Info>> list_folder(const QString &path) const = 0;
+
+    /// The whole file; `too_large` when it is longer than `limit` bytes.
+    virtual Result<QByteArray> read_file(const QString &path, qint64 limit) const = 0;
+    /// At most the first `count` bytes.
+    virtual Result<QByteArray> read_start(const QString &path, qint64 count) const = 0;
+    /// Written beside and moved over in one step: after a fault or a kill the old file is whole.
+    virtual Fault write_file(const QString &path, const QByteArray &bytes) = 0;
+    /// Appends and hands the bytes to the system before it returns; makes the file when missing.
+    virtual Fault append_file(const QString &path, const QByteArray &bytes) = 0;
+
+    /// Moves within one folder tree in one step, else copies, checks and deletes. Replaces `to`.
+    virtual Fault move_file(const QString &from, const QString &to) = 0;
+    /// Copies content and modification time, beside and moved over; replaces `to`.
+    virtual Fault copy_file(const QString &from, const QString &to) = 0;
+    /// Removes a file or a link; a missing one is `not_found`.
+    virtual Fault remove_file(const QString &path) = 0;
+    /// Removes an empty folder.
+    virtual Fault remove_folder(const QString &path) = 0;
+    /// Makes a folder with its parents; an existing one is no fault.
+    virtual Fault make_folder(const QString &path) = 0;
+    /// Lifts a write protection; no fault when there was none.
+    virtual Fault clear_attributes(const QString &path) = 0;
+    virtual Fault set_modified(const QString &path, const QDateTime &when) = 0;
+    /// The path with links resolved, as a Windows path; empty when it does not exist.
+    virtual QString real_path(const QString &path) const = 0;
+};
+
+} // namespace vantrosk

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace vantrosk {
+
+enum class Box_Kind { information, warning, critical, question };
+enum class Buttons { ok, ok_cancel, yes_no };
+enum class Answer { ok, cancel, yes, no };
+
+/// A message box. The default answer is the safe one: it is what Escape gives, and what a face that can not
+/// ask takes.
+struct Box {
+    Box_Kind kind = Box_Kind::information;
+    QString title;
+    QString text;
+    Buttons buttons = Buttons::ok;
+    Answer default_answer = Answer::ok;
+};
+
+/// An input dialog. The result is nothing when the user cancels.
+struct Input_Request {
+    QString title;
+    QString prompt;
+    QString required_start; ///< what the text must begin with, in any case; empty for no rule
+    QString default_text;
+    QString second_button;
+};
+
+/// The readme area has three browsers: the readme, the review or form tab, and the detached window.
+enum class Browser { readme, third, detached };
+
+/// What the procedures need of a face. A face shows and asks; it decides nothing. State that a face shows is
+/// kept in `Screen` (core/Screen.h); the calls here say what of it has changed.
+class Ui {
+public:
+    virtual ~Ui() = default;
+
+    // Boxes.
+    virtual Answer show_box(const Box &box) = 0;
+    virtual std::optional<QString> ask_input(const Input_Request &request) = 0;
+
+    // The status bar. Panels are numbered 1 (what goes on) and 2 (of what, how far); the light is panel 5.
+    virtual void set_status_panel(int panel, const QString &text) = 0;
+    virtual void set_status_light(int index, const QString &text) = 0;
+    virtual void set_progress(bool visible, int value, int maximum) = 0;
+
+    // The main window.
+    virtual void set_caption(const QString &text) = 0;
+    /// While busy the window takes no clicks but repaints.
+    virtual void set_busy(bool busy) = 0;
+    virtual void games_changed() = 0;            ///< which games are set up, or the current one
+    virtual void list_changed() = 0;             ///< the whole list
+    virtual void list_row_changed(int row) = 0;  ///< the cells of one row
+    virtual void list_current_row_changed() = 0; ///< current row or top row
+    virtual void list_visible(bool visible) = 0; ///< hidden while it is filled
+    virtual void details_changed() = 0;          ///< the details panel, buttons included
+    virtual void readme_tabs_changed() = 0;
+    /// `page` is a Windows path, a URL or "about:blank".
+    virtual void navigate(Browser browser, const QString &page) = 0;
+    /// Shows a text file in the notes window.
+    virtual void show_notes(const QString &path) = 0;
+
+    /// Lets the window repaint and the user click. Long procedures call it and nobody else.
+    virtual void pump_events() = 0;
+
+    /// One line of the trace, when the trace console is on.
+    virtual void trace_line(const QString &text) = 0;
+    /// Holds until the user presses "Continue >".
+    virtual void trace_pause(const QString &prompt) = 0;
+};
+
+} // namespace vantrosk
