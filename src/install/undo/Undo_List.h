@@ -24,11 +24,13 @@ struct Undo_List {
 };
 
 inline constexpr const char *undo_list_name = "current_install.txt";
+QString Undo_list_path(const QString &game_path);
 
-/// Nothing when there is no list. Empty lines are passed over; a list cut off anywhere gives what is there.
+/// Nothing when there is no list or it can not be read. Empty lines are passed over; a list cut off anywhere
+/// gives what is there.
 std::optional<Undo_List> Read_undo_list(const Program &program, const QString &game_path);
 Fault Write_undo_list(Program &program, const QString &game_path, const Undo_List &list);
-/// The marker: location "Original", for T2X "Original T2X", no name, no contents.
+/// The marker: location "Original", for T2X as the current game "Original T2X", no name, no contents.
 Fault WriteOriginalMarker(Program &program, const QString &game_path);
 
 /// Whether the folder holds that row: `fm_name` is the zip cell of a list row. Zip names compare whole.
