@@ -37,6 +37,14 @@ QString Map_name(const QString &folder, const QString &file) {
     return below + "\\" + file;
 }
 
+/// A name that the game's console would take for more than a name: it splits at quotes and ";".
+bool Can_be_passed(const QString &name) {
+    for (const QChar c : name)
+        if (c < ' ' || c == '"' || c == ';')
+            return false;
+    return !name.startsWith('+');
+}
+
 void Add_maps_of(Program &program, const QString &pk4, QStringList &maps) {
     cUnzip zip(program.files);
     zip.ZipFile = pk4;
@@ -45,7 +53,7 @@ void Add_maps_of(Program &program, const QString &pk4, QStringList &maps) {
         return;
     }
     for (int i = 1; i <= zip.FileCount() && maps.size() < most_maps; ++i)
-        if (zip.Filename(i).endsWith(".map", Qt::CaseInsensitive))
+        if (zip.Filename(i).endsWith(".map", Qt::CaseInsensitive) && Can_be_passed(zip.Filename(i)))
             maps << Map_name(zip.FileDirectory(i), zip.Filename(i));
 }
 

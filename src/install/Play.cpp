@@ -135,6 +135,11 @@ Play_Result Start_shock(Program &program) {
     return result;
 }
 
+/// A name with a blank stays one argument.
+QString As_argument(const QString &name) {
+    return name.contains(' ') ? "\"" + name + "\"" : name;
+}
+
 Play_Result Start_without_map(Program &program) {
     const bool wanted = Ask_Ok_Cancel(program, "",
                                       "WARNING: No map file was found, Vantrosk is unable to start the map "
@@ -149,7 +154,7 @@ Play_Result Start_doom(Program &program) {
     const QStringList maps = Find_maps(program);
     if (maps.isEmpty())
         return Start_without_map(program);
-    return Start_game(program, "doom3.EXE", " +map " + maps.first());
+    return Start_game(program, "doom3.EXE", " +map " + As_argument(maps.first()));
 }
 
 bool Dark_mod_is_installed(const Program &program) {
@@ -184,11 +189,12 @@ Play_Result Start_dark_mod_mission(Program &program, const QString &map) {
             Ask_Yes_No(program, "",
                        "You do not have The Dark Mod installed, Vantrosk will try and load this FM "
                        "as a Doom 3 Map, do you want to do this");
-        return as_map ? Start_game(program, "doom3.EXE", "+map " + map) : Play_Result{};
+        return as_map ? Start_game(program, "doom3.EXE", "+map " + As_argument(map)) : Play_Result{};
     }
     program.ini.DMOD_INSTALLED = true;
     QString name = FileNameFromPath(map);
     name.replace(".map", "", Qt::CaseInsensitive);
+    name = As_argument(name);
     const QString folder = Mission_folder(program);
     const bool on_dark_mod =
         FileExists(program, folder + "\\startingMap.txt") || FileExists(program, folder + "\\DarkMod.txt");
