@@ -12,10 +12,13 @@ namespace vantrosk {
 struct Program;
 
 /// "Vantrosk.ini" and "Vantrosk_Tweaks.ini": pairs of lines, a key in brackets and its value. Lines end in
-/// CR LF. Read once at start.
+/// CR LF. Read once at start, after `Set_Display_Defaults`. A value that its type can not hold is passed over
+/// and shows the error box once per file; an empty boolean or number leaves what was there. Sets `first_run`
+/// when one of the files is missing.
 void Read_Ini_Files(Program &program);
 Fault Write_Main_Ini(Program &program);
 Fault Write_Tweaks_Ini(Program &program);
+/// What holds until a file says otherwise. Values without a default of their own stay as they are.
 void Set_Display_Defaults(Program &program);
 void set_default_fonts(Program &program);
 
@@ -26,8 +29,8 @@ struct Ini_Pair {
 };
 std::vector<Ini_Pair> Main_ini_pairs(const Program &program);
 std::vector<Ini_Pair> Tweaks_ini_pairs(const Program &program);
-/// Sets the one value of that key (no brackets, spelled exactly); false for an unknown key or a value that
-/// its type can not hold.
+/// Sets the one value of that key (no brackets, spelled exactly); an empty text empties it (false, 0). False
+/// for an unknown key or a value that its type can not hold.
 bool Set_main_ini_value(Program &program, const QString &key, const QString &value);
 bool Set_tweaks_ini_value(Program &program, const QString &key, const QString &value);
 /// What kind of text a main key holds, for a face that turns native paths into Windows paths at the door.
@@ -46,13 +49,14 @@ QString FileNameFromPath(const QString &path, bool forward = false);
 QString FolderNameFromPath(const QString &path, bool forward = false);
 /// Clears what blocks deletion and deletes; a missing file is no failure.
 Fault DeleteFileForced(Program &program, const QString &path);
-/// With a second path both must exist, and the second is the one deleted.
+/// With a second path both must exist (else nothing happens), and the second is the one deleted.
 Fault DeleteFileForced(Program &program, const QString &path, const QString &second_path);
-/// Copies, and deletes the source once the copy exists; tells whether `to` exists.
+/// Copies, and deletes the source once the copy exists; tells whether `to` exists. A copy that failed is no
+/// move: false, and `from` stays, even with an older `to` in place.
 bool MoveFileCopyDelete(Program &program, const QString &from, const QString &to);
 bool CreateFolderTree(Program &program, const QString &path);
-/// "512 Bytes", "1.5 KB", ... rounded to 2 decimals; with `megabytes`, "MB" from 2^10 up to 2^30. Empty from
-/// 2^60 up.
+/// "512 Bytes", "1.5 KB", ... rounded to 2 decimals, a half to the even digit; with `megabytes`, "MB" from
+/// 2^10 up to 2^30. Empty from 2^60 up.
 QString FormatSize(qint64 bytes, bool megabytes = false);
 /// Deletes the files directly in a folder, links included; folders stay.
 void Empty_folder_of_files(Program &program, const QString &folder);
@@ -63,6 +67,8 @@ QString Decode_text(const QByteArray &bytes);
 QStringList Split_lines(const QString &text);
 /// A readme or any other text from outside, at most 8 MiB of it; empty when it can not be read.
 QStringList Read_text_lines(const Program &program, const QString &path);
+/// The first line of a small text file; empty when there is none.
+QString First_line(const Program &program, const QString &path);
 /// UTF-8, every line ended by CR LF, written beside and moved over.
 Fault Write_text_lines(Program &program, const QString &path, const QStringList &lines);
 
