@@ -24,6 +24,11 @@ QString Map_game_words(const QString &text);
 /// Trimmed, no tabs, no leading ":"; with `the_swap`, "The X" is "X, The " and "A X" is "X, A ".
 QString Tidy_name(const QString &text, bool the_swap);
 
+/// Fields of one tagged line of a VKML readme, by its [VKTITLE], [VKAUTHOR] or [VKFMSTRUCTURE] tag.
+QString Vkml_title_of_line(const QString &line);
+QString Vkml_author_of_line(const QString &line);
+QString Vkml_game_of_line(const QString &line);
+
 /// What a readme tells of its mission.
 struct Readme_Fields {
     QString name, author;

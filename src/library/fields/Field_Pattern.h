@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QRegularExpression>
+#include <QString>
+
+namespace vantrosk {
+
+/// A pattern made once. One that the engine refuses finds nothing.
+class Field_Pattern {
+public:
+    explicit Field_Pattern(const QString &pattern);
+    bool matches(const QString &line) const;
+
+private:
+    QRegularExpression expression_;
+    QString first_letters_; ///< what a matching line can begin with; empty when the pattern does not tell
+};
+
+/// A line as the extractors look at it: no tabs, no double quotes, trimmed.
+QString Prepared_line(const QString &line);
+/// What stands behind the first `mark`; the whole line when there is none.
+QString Behind_first(const QString &line, QChar mark);
+/// Trimmed, less one leading ":", trimmed again.
+QString Without_leading_colon(const QString &text);
+
+} // namespace vantrosk
