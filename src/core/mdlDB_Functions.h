@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
@@ -24,6 +25,8 @@ public:
     /// Empty for null. A date-time reads "YYYY-MM-DD HH:MM:SS".
     QString text(int row, const QString &name) const;
     int number(int row, const QString &name) const; ///< 0 for null and for text that is no number
+    /// Local time; invalid for null and for text that is no date.
+    QDateTime date_time(int row, const QString &name) const;
 };
 
 /// The open database file. Statements speak the program's own dialect (now(), InStr, top, #date#, text in
@@ -35,8 +38,9 @@ public:
     Database(const Database &) = delete;
     Database &operator=(const Database &) = delete;
 
+    struct State; ///< the engine's own; no other file looks in
+
 private:
-    struct State;
     std::unique_ptr<State> state_;
     friend State &Database_state(Database &database);
 };
@@ -46,7 +50,8 @@ void db_Execute(Program &program, const QString &sql);
 /// Runs one query and reads it whole. Throws `Program_Error`.
 Recordset db_Query(Program &program, const QString &sql);
 
-/// The engine's own form of one statement. Works on tokens: text in quotes is never touched.
+/// The engine's own form of one statement. Works on tokens: text in quotes is never touched. Throws
+/// `Program_Error` for a quote that is not closed, a date that is none, or more than one statement.
 QString Translate_statement(const QString &sql);
 
 /// A value between single quotes; a quote inside is doubled.
@@ -58,7 +63,12 @@ QString Name_for_database(const QString &name);
 /// The reverse, for cells and fields.
 QString Name_for_display(const QString &stored);
 
-/// Opens the file, making it with all tables when it is missing. False when it can not be used.
+/// A date as the database holds it: "YYYY-MM-DD", "YYYY/MM/DD" or "DD/MM/YYYY", with or without "HH:MM:SS".
+/// Local time; invalid when the text is none of these.
+QDateTime Stored_date_time(const QString &text);
+
+/// Opens the file, making it with the delivered tables when it is missing; `DB_Upgrade_Tables` adds the rest.
+/// A damaged file is moved aside and a new one made. False when it can not be used; the user was told why.
 bool Open_database(Program &program);
 
 bool DB_Create_Table_If_Missing(Program &program, const QString &table, const QString &columns);
@@ -69,6 +79,9 @@ bool DB_Resize_Text_Column(Program &program, const QString &table, const QString
 void DB_Upgrade_Tables(Program &program);
 void DB_Message_Seen(Program &program, const QString &name);
 bool DB_Message_Was_Seen(Program &program, const QString &name);
+/// One email template. Writing inserts or updates it and gives "TRUE"; reading gives its stored text.
+QString DB_Email_Template(Program &program, const QString &type, const QString &text, bool write);
+
 /// Sets `last_played` of the current game's row to now; a name that begins "Original" is passed over.
 void DB_Touch_Last_Played(Program &program, const QString &zip_name);
 /// `decode` false: double quote, single quote, line break, "?" and "&" as "%22" and so on; true: back.

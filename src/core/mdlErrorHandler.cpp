@@ -1,1 +1,73 @@
-// filled in by its own change
+#include "core/mdlErrorHandler.h"
+
+#include "core/Program.h"
+
+namespace vantrosk {
+
+namespace {
+
+constexpr const char *box_title = "An Error Has Occured";
+
+/// How the trace names an area of the program.
+struct Trace_Area {
+    const char *module;
+    const char *prefix;
+};
+
+constexpr Trace_Area trace_areas[] = {
+    {"Form frmMain", "MAIN FORM: "},
+    {"Form frmTweaks", "TWEAKS: "},
+    {"Form frmSettings", "frmSettings: "},
+    {"mdlFunctions", "FUNCTIONS: "},
+    {"mdlFile_Functions", "File_Functions: "},
+    {"mdlDB_Functions", "DB_FUNCTIONS: "},
+    {"mdlFormDisplayFunctions", "FORM DISPLAY: "},
+    {"mdlStartup", "STARTUP: "},
+    {"mdlDebug", "DEBUGGER: "},
+};
+
+QString Trace_prefix(const QString &module) {
+    for (const Trace_Area &area : trace_areas) {
+        if (module == QLatin1String(area.module))
+            return area.prefix;
+    }
+    return module + ": ";
+}
+
+void Show_fault(Program &program, const QString &procedure, const QString &module, int number,
+                const QString &description) {
+    debug_print(program,
+                Trace_prefix(module) +
+                    QString("Error In %1 : (%2) %3").arg(procedure, QString::number(number), description));
+    Box box;
+    box.kind = Box_Kind::critical;
+    box.title = box_title;
+    box.text = Error_text(procedure, module, number, description);
+    program.ui.show_box(box);
+}
+
+} // namespace
+
+Program_Error::Program_Error(int number, const QString &description)
+    : std::runtime_error(description.toStdString()), number_(number), description_(description) {}
+
+QString Error_text(const QString &procedure, const QString &module, int number, const QString &description) {
+    const QString place = module.startsWith("Form ") ? module : "Module " + module;
+    return QString("Error %1 (%2) on line 0 in procedure %3 of %4.")
+        .arg(QString::number(number), description, procedure, place);
+}
+
+bool With_error_box(Program &program, const QString &procedure, const QString &module,
+                    const std::function<void()> &work) {
+    try {
+        work();
+        return true;
+    } catch (const Program_Error &error) {
+        Show_fault(program, procedure, module, error.number(), error.description());
+    } catch (const std::exception &error) {
+        Show_fault(program, procedure, module, 0, QString::fromUtf8(error.what()));
+    }
+    return false;
+}
+
+} // namespace vantrosk

@@ -22,6 +22,10 @@ private:
     QString description_;
 };
 
+/// "Error 1 (no such table) on line 0 in procedure Get_archives of Form frmMain."; the module of a window is
+/// its form, any other reads "Module NAME". Line numbers are not kept.
+QString Error_text(const QString &procedure, const QString &module, int number, const QString &description);
+
 /// Runs `work`. A fault in it shows the standard error box with the procedure's and module's name
 /// ("Get_archives", "Form frmMain"), leaves a trace line, and gives false; the program goes on.
 bool With_error_box(Program &program, const QString &procedure, const QString &module,
