@@ -1,1 +1,217 @@
-// filled in by its own change
+#include "Path_Map.h"
+
+#include "Native_Io.h"
+
+#include <QList>
+#include <QStringList>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <climits>
+
+namespace vantrosk {
+
+namespace {
+
+constexpr QChar backslash_stand_in(0xF05C);
+
+bool Is_separator(QChar c) {
+    return c == QLatin1Char('\\') || c == QLatin1Char('/');
+}
+
+bool Is_letter(QChar c) {
+    return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) ||
+           (c >= QLatin1Char('A') && c <= QLatin1Char('Z'));
+}
+
+bool Exists(const QByteArray &native_path) {
+    struct stat info {};
+    return ::lstat(native_path.constData(), &info) == 0;
+}
+
+/// Adds one part to a path that is being resolved in its text.
+template<typename Part>
+void Add_part(QList<Part> &parts, const Part &part) {
+    if (part.isEmpty() || part == Part("."))
+        return;
+    if (part != Part("..")) {
+        parts << part;
+        return;
+    }
+    if (!parts.isEmpty())
+        parts.removeLast();
+}
+
+/// An absolute native path without ".", ".." and doubled separators; empty for "/".
+QByteArray Clean_native(const QByteArray &path) {
+    QList<QByteArray> parts;
+    for (const QByteArray &part : path.split('/'))
+        Add_part(parts, part);
+    QByteArray cleaned;
+    for (const QByteArray &part : parts)
+        cleaned += '/' + part;
+    return cleaned;
+}
+
+QByteArray Read_link(const QByteArray &path) {
+    QByteArray target(PATH_MAX, '\0');
+    const ssize_t length = ::readlink(path.constData(), target.data(), static_cast<size_t>(target.size()));
+    target.truncate(length > 0 ? length : 0);
+    return target;
+}
+
+bool Is_ascii(const QByteArray &text) {
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) > 127)
+            return false;
+    return true;
+}
+
+/// Another spelling of `name` in a folder, the first in binary order; empty when there is none.
+QByteArray Find_other_spelling(const QByteArray &folder, const QString &name) {
+    Folder_Reader entries(folder.isEmpty() ? "/" : folder);
+    const QByteArray plain = name.toUtf8();
+    const bool plain_is_ascii = Is_ascii(plain);
+    QByteArray found;
+    while (const char *entry = entries.next()) {
+        const QByteArray candidate = QByteArray::fromRawData(entry, qstrlen(entry));
+        // Most names are plain: comparing their bytes spares the decoding of whole folders.
+        const bool same = plain_is_ascii && Is_ascii(candidate)
+                              ? candidate.compare(plain, Qt::CaseInsensitive) == 0
+                              : Name_from_native(candidate).compare(name, Qt::CaseInsensitive) == 0;
+        if (same && (found.isEmpty() || candidate < found))
+            found = QByteArray(candidate.constData(), candidate.size());
+    }
+    return found;
+}
+
+/// Follows the parts from a folder, each in the spelling found.
+QByteArray Follow_parts(QByteArray path, const QStringList &parts) {
+    bool missing = false;
+    for (const QString &part : parts) {
+        const QByteArray exact = Name_to_native(part);
+        const QByteArray next = path + '/' + exact;
+        if (missing || Exists(next)) {
+            path = next;
+            continue;
+        }
+        const QByteArray other = Find_other_spelling(path, part);
+        missing = other.isEmpty();
+        path += '/' + (missing ? exact : other);
+    }
+    return path;
+}
+
+bool Is_below(const QByteArray &path, const QByteArray &root) {
+    return path == root || (path.startsWith(root) && path.size() > root.size() && path[root.size()] == '/');
+}
+
+} // namespace
+
+QString Name_from_native(const QByteArray &name) {
+    QString text = QString::fromUtf8(name);
+    text.replace(QLatin1Char('\\'), backslash_stand_in);
+    return text;
+}
+
+QByteArray Name_to_native(const QString &name) {
+    QString text = name;
+    text.replace(backslash_stand_in, QLatin1Char('\\'));
+    return text.toUtf8();
+}
+
+bool Is_windows_path(const QString &path) {
+    return path.size() >= 2 && Is_letter(path[0]) && path[1] == QLatin1Char(':') &&
+           (path.size() == 2 || Is_separator(path[2]));
+}
+
+QString Last_name(const QString &path) {
+    qsizetype end = path.size();
+    while (end > 0 && Is_separator(path[end - 1]))
+        --end;
+    qsizetype start = end;
+    while (start > 0 && !Is_separator(path[start - 1]))
+        --start;
+    return path.mid(start, end - start);
+}
+
+Path_Map::Path_Map(const QString &prefix) {
+    prefix_bytes_ = Clean_native(prefix.toUtf8());
+    prefix_ = QString::fromUtf8(prefix_bytes_);
+}
+
+QByteArray Path_Map::drive_root(char letter) const {
+    if (letter == 'z')
+        return {};
+    if (letter == 'c')
+        return prefix_bytes_ + "/drive_c";
+    const QByteArray folder = prefix_bytes_ + "/dosdevices/";
+    const QByteArray entry = folder + letter + ':';
+    const QByteArray target = Read_link(entry);
+    if (target.isEmpty())
+        return entry;
+    return Clean_native(target.startsWith('/') ? target : folder + target);
+}
+
+std::vector<Path_Map::Drive> Path_Map::drives() const {
+    std::vector<Drive> found;
+    for (char letter = 'a'; letter < 'z'; ++letter)
+        if (letter != 'c' && Exists(prefix_bytes_ + "/dosdevices/" + letter + ':'))
+            found.push_back({letter, drive_root(letter)});
+    return found;
+}
+
+QByteArray Path_Map::native(const QString &path) const {
+    if (!Is_windows_path(path) || path.contains(QChar(0)))
+        return {};
+    const char letter = path[0].toLower().toLatin1();
+    if (letter != 'c' && letter != 'z' && !Exists(prefix_bytes_ + "/dosdevices/" + letter + ':'))
+        return {};
+    QStringList parts;
+    QString rest = path.mid(2);
+    rest.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    for (const QString &part : rest.split(QLatin1Char('\\')))
+        Add_part(parts, part);
+    const QByteArray root = drive_root(letter);
+    QByteArray exact = root;
+    for (const QString &part : parts)
+        exact += '/' + Name_to_native(part);
+    if (exact.isEmpty())
+        return "/";
+    return Exists(exact) ? exact : Follow_parts(root, parts);
+}
+
+QString Path_Map::windows(const QString &native_path) const {
+    if (Is_windows_path(native_path) || native_path.startsWith(QLatin1String("\\\\")))
+        return native_path;
+    if (!native_path.startsWith(QLatin1Char('/')) || native_path.contains(QChar(0)))
+        return {};
+    const QByteArray path = Clean_native(native_path.toUtf8());
+    char letter = 'z';
+    qsizetype matched = -1;
+    const auto try_root = [&](char of, const QByteArray &root) {
+        if (root.size() <= matched || !Is_below(path, root))
+            return;
+        letter = of;
+        matched = root.size();
+    };
+    // A drive may be named by its link or by the folder behind it: both names come from outside.
+    const auto try_drive = [&](char of, const QByteArray &root) {
+        try_root(of, root);
+        if (const QByteArray resolved = Clean_native(Resolve_links(root)); !resolved.isEmpty())
+            try_root(of, resolved);
+    };
+    try_drive('c', prefix_bytes_ + "/drive_c");
+    if (matched < 0)
+        for (const Drive &drive : drives())
+            if (!drive.root.isEmpty())
+                try_drive(drive.letter, drive.root);
+    QString windows = QString(QLatin1Char(letter)).toUpper() + QLatin1Char(':');
+    for (const QByteArray &part : path.mid(qMax<qsizetype>(matched, 0)).split('/'))
+        if (!part.isEmpty())
+            windows += QLatin1Char('\\') + Name_from_native(part);
+    return windows.size() == 2 ? windows + QLatin1Char('\\') : windows;
+}
+
+} // namespace vantrosk
