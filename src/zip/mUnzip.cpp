@@ -1,1 +1,236 @@
-// filled in by its own change
+#include "zip/mUnzip.h"
+
+#include "platform/Staged_File.h"
+#include "zip/Entry_List.h"
+#include "zip/Entry_Names.h"
+#include "zip/Target_Folder.h"
+#include "zip/Zip_Archive.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace vantrosk {
+
+namespace {
+
+constexpr qsizetype block_size = 128 * 1024;
+
+/// Last part of a path with either separator, for sentences.
+QString Name_of_path(const QString &path) {
+    return path.mid(std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/')) + 1);
+}
+
+QDateTime Date_of_entry(zip_t *archive, const Listed_Entry &entry) {
+    zip_stat_t stat;
+    if (zip_stat_index(archive, entry.index, ZIP_FL_ENC_RAW, &stat) != 0 || !(stat.valid & ZIP_STAT_MTIME))
+        return {};
+    return QDateTime::fromSecsSinceEpoch(stat.mtime);
+}
+
+/// Whether the file's owner could start it where the archive was made.
+bool Was_executable(zip_t *archive, zip_uint64_t index) {
+    constexpr zip_uint32_t owner_may_start = 0100u << 16;
+    zip_uint8_t system = ZIP_OPSYS_DOS;
+    zip_uint32_t attributes = 0;
+    return zip_file_get_external_attributes(archive, index, 0, &system, &attributes) == 0 &&
+           system == ZIP_OPSYS_UNIX && (attributes & owner_may_start) != 0;
+}
+
+/// What one run of `Unzip` needs for each of its files.
+struct Extraction {
+    zip_t *archive;
+    Target_Folder &target;
+    bool use_folder_names;
+    bool overwrite_existing;
+    qint64 size_limit;
+    QByteArray block;
+};
+
+Fault Too_large(const Listed_Entry &entry, qint64 limit) {
+    return {Fault_Kind::too_large,
+            QString("\"%1\" is longer than the %2 bytes that are allowed.").arg(entry.name()).arg(limit)};
+}
+
+Fault Copy_content(Extraction &run, const Listed_Entry &entry, Staged_File &file) {
+    Entry_Reader reader(run.archive, entry.index, entry.name(), entry.size);
+    qint64 written = 0;
+    for (;;) {
+        const Result<qint64> count = reader.read(run.block);
+        if (!count.ok() || count.value == 0)
+            return count.fault;
+        written += count.value;
+        if (run.size_limit > 0 && written > run.size_limit)
+            return Too_large(entry, run.size_limit);
+        if (const Fault fault = file.write(run.block.constData(), count.value))
+            return fault;
+    }
+}
+
+Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Progress &progress) {
+    const QStringList parts = run.use_folder_names ? Entry_name_parts(entry.name()) : QStringList{entry.file};
+    const Result<QString> place = run.target.place(parts);
+    if (!place.ok())
+        return place.fault;
+    const QFileInfo existing(place.value);
+    if (existing.exists() && !run.overwrite_existing)
+        return {};
+    if (existing.isDir() && !existing.isSymLink())
+        return {Fault_Kind::exists,
+                QString("A folder stands where the file \"%1\" should be.").arg(entry.name())};
+    if (progress)
+        progress(entry.name());
+    if (run.size_limit > 0 && entry.size > run.size_limit)
+        return Too_large(entry, run.size_limit);
+    Staged_File file(place.value, run.target.native() + "/" + unzip_temporary_name);
+    if (const Fault fault = file.open())
+        return fault;
+    if (const Fault fault = Copy_content(run, entry, file))
+        return fault;
+    if (Was_executable(run.archive, entry.index))
+        file.set_executable();
+    if (const Fault fault = file.keep(Date_of_entry(run.archive, entry)))
+        return fault;
+    run.target.note_file(place.value);
+    return {};
+}
+
+} // namespace
+
+struct cUnzip::State {
+    QString listed_file; ///< what `Directory` read
+    Zip_Handle archive;
+    std::vector<Listed_Entry> entries;
+
+    const Listed_Entry *entry(int i) const {
+        return i >= 1 && static_cast<size_t>(i) <= entries.size() ? &entries[static_cast<size_t>(i) - 1]
+                                                                  : nullptr;
+    }
+};
+
+cUnzip::cUnzip(Files &files) : files_(files), state_(std::make_unique<State>()) {}
+
+cUnzip::~cUnzip() = default;
+
+Fault cUnzip::Directory() {
+    Close();
+    Result<Zip_Handle> opened = Open_zip(files_.to_native(ZipFile), Name_of_path(ZipFile));
+    if (!opened.ok())
+        return opened.fault;
+    state_->archive = std::move(opened.value);
+    state_->entries = List_entries(state_->archive.get());
+    state_->listed_file = ZipFile;
+    return {};
+}
+
+void cUnzip::Close() {
+    *state_ = State();
+}
+
+int cUnzip::FileCount() const {
+    return static_cast<int>(state_->entries.size());
+}
+
+QString cUnzip::Filename(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    return entry ? entry->file : QString();
+}
+
+QString cUnzip::FileDirectory(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    return entry ? entry->folder : QString();
+}
+
+qint64 cUnzip::FileSize(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    return entry ? entry->size : 0;
+}
+
+int cUnzip::FileCompressionRatio(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    if (!entry || entry->size <= 0 || entry->packed >= entry->size)
+        return 0;
+    const double saved = static_cast<double>(entry->size - entry->packed) / static_cast<double>(entry->size);
+    return static_cast<int>(saved * 100 + 0.5);
+}
+
+QDateTime cUnzip::FileDate(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    return entry ? Date_of_entry(state_->archive.get(), *entry) : QDateTime();
+}
+
+bool cUnzip::FileSelected(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    return entry && entry->selected;
+}
+
+void cUnzip::FileSelected(int i, bool selected) {
+    if (state_->entry(i))
+        state_->entries[static_cast<size_t>(i) - 1].selected = selected;
+}
+
+Fault cUnzip::Check_selected() const {
+    const QString archive = Name_of_path(ZipFile);
+    for (const Listed_Entry &entry : state_->entries) {
+        if (!entry.selected)
+            continue;
+        if (UseFolderNames ? !entry.safe : !Is_safe_name_part(entry.file))
+            return {
+                Fault_Kind::outside,
+                QString("\"%1\" in \"%2\" is not a name that can be unzipped.").arg(entry.name(), archive)};
+        if (entry.encrypted)
+            return {Fault_Kind::damaged,
+                    QString("\"%1\" in \"%2\" is encrypted.").arg(entry.name(), archive)};
+    }
+    return {};
+}
+
+Fault cUnzip::Unzip() {
+    if (!state_->archive || state_->listed_file != ZipFile)
+        if (const Fault fault = Directory())
+            return fault;
+    if (const Fault fault = Check_selected())
+        return fault;
+    Target_Folder target(files_, UnzipFolder);
+    if (const Fault fault = target.prepare())
+        return fault;
+    Extraction run{state_->archive.get(), target,    UseFolderNames,
+                   OverwriteExisting,     SizeLimit, QByteArray(block_size, Qt::Uninitialized)};
+    for (const Listed_Entry &entry : state_->entries)
+        if (entry.selected)
+            if (const Fault fault = Extract_entry(run, entry, Progress))
+                return fault;
+    return {};
+}
+
+Result<QByteArray> cUnzip::Read_entry(int i, qint64 limit) const {
+    const Listed_Entry *entry = state_->entry(i);
+    if (!entry)
+        return {{},
+                {Fault_Kind::not_found,
+                 QString("There is no entry %1 in \"%2\".").arg(i).arg(Name_of_path(ZipFile))}};
+    if (entry->encrypted)
+        return {{}, Fault_of_zip(ZIP_ER_NOPASSWD, entry->name())};
+    Entry_Reader reader(state_->archive.get(), entry->index, entry->name(), entry->size);
+    QByteArray content;
+    QByteArray block(block_size, Qt::Uninitialized);
+    while (content.size() < limit) {
+        const Result<qint64> count = reader.read(block);
+        if (!count.ok())
+            return {{}, count.fault};
+        if (count.value == 0)
+            break;
+        content.append(block.constData(), std::min(count.value, limit - content.size()));
+    }
+    return {content, {}};
+}
+
+bool Unzip_Files(Files &files, const QString &zip, const QString &destination) {
+    cUnzip archive(files);
+    archive.ZipFile = zip;
+    archive.UnzipFolder = destination;
+    archive.UseFolderNames = true;
+    return !archive.Unzip();
+}
+
+} // namespace vantrosk

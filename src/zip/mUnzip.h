@@ -11,6 +11,10 @@
 
 namespace vantrosk {
 
+/// The name under which a file is written before it is moved to its place, always directly in `UnzipFolder`.
+/// Only a killed program leaves it behind; the next `Unzip` there removes it.
+inline constexpr const char *unzip_temporary_name = "vantrosk_unzip.tmp";
+
 /// Told before each file that is written: its name in the archive. Progress windows live on it.
 using Unzip_Progress = std::function<void(const QString &entry_name)>;
 
@@ -34,6 +38,8 @@ public:
     /// Reads the central directory; afterwards every entry is selected. A zip that can not be read gives no
     /// entries and the reason.
     Fault Directory();
+    /// Lets go of the archive and its list. Until then, or the next `Directory`, the file stays open.
+    void Close();
     int FileCount() const;
     QString Filename(int i) const;         ///< last part of the stored name
     QString FileDirectory(int i) const;    ///< folder of the stored name, empty at the root
@@ -47,11 +53,13 @@ public:
     /// was right. Stops at the first fault. Without a `Directory` before it, lists and extracts all.
     Fault Unzip();
 
-    /// One entry's content, at most `limit` bytes; nothing is written.
+    /// One entry's content, of a longer one its first `limit` bytes; nothing is written. The checksum is
+    /// known to be right only when the entry is shorter than `limit`.
     Result<QByteArray> Read_entry(int i, qint64 limit) const;
 
 private:
     struct State;
+    Fault Check_selected() const;
     Files &files_;
     std::unique_ptr<State> state_;
 };

@@ -1,0 +1,106 @@
+#include "zip/Entry_Names.h"
+
+#include "zip/mUnzip.h"
+
+#include <QStringDecoder>
+
+#include <cstring>
+
+namespace vantrosk {
+
+namespace {
+
+/// Code page 437 from 0x80 up.
+constexpr char16_t code_page_437[] = u"ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜ¢£¥₧ƒáíóúñÑªº¿⌐¬½¼¡«»░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+                                     u"└┴┬├─┼╞╟╚╔╩╦╠═╬╧╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀αßΓπΣσµτΦΘΩδ∞φε∩≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00a0";
+static_assert(sizeof(code_page_437) == 129 * sizeof(char16_t));
+
+/// Windows-1252 from 0x80 to 0x9f; the five codes without a character stand for themselves.
+constexpr char16_t windows_1252[] = u"€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008dŽ\u008f\u0090‘’“”•–—˜™š›œ\u009džŸ";
+static_assert(sizeof(windows_1252) == 33 * sizeof(char16_t));
+
+QChar Character(unsigned char byte, bool made_on_unix) {
+    if (byte < 0x80)
+        return QChar(byte);
+    if (!made_on_unix)
+        return QChar(code_page_437[byte - 0x80]);
+    return byte < 0xa0 ? QChar(windows_1252[byte - 0x80]) : QChar(byte);
+}
+
+bool Is_ascii(const char *text, size_t length) {
+    for (size_t i = 0; i < length; ++i)
+        if (static_cast<unsigned char>(text[i]) >= 0x80)
+            return false;
+    return true;
+}
+
+bool Is_separator(QChar c) {
+    return c == u'/' || c == u'\\';
+}
+
+/// "a//b" and "a/./b" are "a/b".
+bool Is_nothing(QStringView part) {
+    return part.isEmpty() || part == u".";
+}
+
+} // namespace
+
+QString Decode_entry_name(const char *stored, bool made_on_unix) {
+    const size_t length = std::strlen(stored);
+    const QByteArrayView bytes(stored, static_cast<qsizetype>(length));
+    if (Is_ascii(stored, length))
+        return QString::fromLatin1(bytes);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder(bytes);
+    if (!decoder.hasError())
+        return text;
+    QString result;
+    result.reserve(bytes.size());
+    for (const char c : bytes)
+        result += Character(static_cast<unsigned char>(c), made_on_unix);
+    return result;
+}
+
+QStringList Entry_name_parts(const QString &stored_name) {
+    QStringList parts;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i <= stored_name.size(); ++i) {
+        if (i < stored_name.size() && !Is_separator(stored_name[i]))
+            continue;
+        const QStringView part = QStringView(stored_name).mid(start, i - start);
+        if (!Is_nothing(part))
+            parts << part.toString();
+        start = i + 1;
+    }
+    return parts;
+}
+
+bool Is_safe_name_part(QStringView part) {
+    if (part.isEmpty() || part.back() == u'.' || part.back() == u' ')
+        return false;
+    for (const QChar c : part)
+        if (c == u':' || Is_separator(c) || c.category() == QChar::Other_Control)
+            return false;
+    return true;
+}
+
+bool Is_safe_entry_name(const QString &stored_name) {
+    const QStringView name(stored_name);
+    if (name.isEmpty() || Is_separator(name.front()))
+        return false;
+    qsizetype start = 0, parts = 0;
+    for (qsizetype i = 0; i <= name.size(); ++i) {
+        if (i < name.size() && !Is_separator(name[i]))
+            continue;
+        const QStringView part = name.mid(start, i - start);
+        start = i + 1;
+        if (Is_nothing(part))
+            continue;
+        if (!Is_safe_name_part(part))
+            return false;
+        ++parts;
+    }
+    return parts > 0;
+}
+
+} // namespace vantrosk

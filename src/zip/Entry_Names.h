@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+namespace vantrosk {
+
+/// The text of a stored name. Valid UTF-8 is UTF-8, whether it is marked so or not. Anything else is code
+/// page 437, the archive format's own, unless a Unix or Mac made the entry: those store what their locale
+/// had, and of the 8-bit ones Windows-1252 covers most.
+QString Decode_entry_name(const char *stored, bool made_on_unix);
+
+/// The parts of a stored name, split at both separators; empty parts and "." are left out.
+QStringList Entry_name_parts(const QString &stored_name);
+
+/// Whether one part of a name can be a file or folder of that name and nothing else.
+bool Is_safe_name_part(QStringView part);
+
+} // namespace vantrosk

@@ -1,0 +1,110 @@
+#include "zip/Zip_Archive.h"
+
+#include "platform/Staged_File.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+
+namespace vantrosk {
+
+namespace {
+
+struct Zip_Text {
+    int zip_error;
+    Fault_Kind kind;
+    const char *text; ///< "%1" is the name
+};
+
+constexpr Zip_Text zip_texts[] = {
+    {ZIP_ER_MULTIDISK, Fault_Kind::damaged, "\"%1\" is one part of an archive in several parts."},
+    {ZIP_ER_CRC, Fault_Kind::damaged, "\"%1\" is damaged: its checksum is wrong."},
+    {ZIP_ER_NOENT, Fault_Kind::not_found, "There is no \"%1\"."},
+    {ZIP_ER_ZLIB, Fault_Kind::damaged, "\"%1\" is damaged: it can not be unpacked."},
+    {ZIP_ER_COMPRESSED_DATA, Fault_Kind::damaged, "\"%1\" is damaged: it can not be unpacked."},
+    {ZIP_ER_COMPNOTSUPP, Fault_Kind::damaged, "\"%1\" is packed in a way that is not known here."},
+    {ZIP_ER_EOF, Fault_Kind::damaged, "\"%1\" is cut off."},
+    {ZIP_ER_READ, Fault_Kind::damaged, "\"%1\" can not be read."},
+    {ZIP_ER_SEEK, Fault_Kind::damaged, "\"%1\" can not be read."},
+    {ZIP_ER_NOZIP, Fault_Kind::damaged, "\"%1\" is not a zip archive."},
+    {ZIP_ER_INCONS, Fault_Kind::damaged, "\"%1\" is damaged: it contradicts itself."},
+    {ZIP_ER_ENCRNOTSUPP, Fault_Kind::damaged, "\"%1\" is encrypted."},
+    {ZIP_ER_NOPASSWD, Fault_Kind::damaged, "\"%1\" is encrypted."},
+    {ZIP_ER_WRONGPASSWD, Fault_Kind::damaged, "\"%1\" is encrypted."},
+    {ZIP_ER_EXISTS, Fault_Kind::exists, "There are two files for the name \"%1\"."},
+    {ZIP_ER_MEMORY, Fault_Kind::too_large, "There is not enough memory for \"%1\"."},
+};
+
+} // namespace
+
+Fault Fault_of_zip(zip_error_t &error, const QString &name) {
+    const int code = zip_error_code_zip(&error);
+    const int number = zip_error_code_system(&error);
+    const bool about_writing =
+        code == ZIP_ER_WRITE || code == ZIP_ER_TMPOPEN || code == ZIP_ER_RENAME || code == ZIP_ER_CLOSE;
+    if (about_writing)
+        return Fault_of_system(number ? number : EIO, name);
+    if (code == ZIP_ER_OPEN && number == EACCES)
+        return {Fault_Kind::no_access, QString("\"%1\" may not be read.").arg(name), number};
+    for (const Zip_Text &row : zip_texts)
+        if (row.zip_error == code)
+            return {row.kind, QString::fromLatin1(row.text).arg(name), number};
+    return {
+        Fault_Kind::other,
+        QString("\"%1\" can not be read: %2.").arg(name, QString::fromLocal8Bit(zip_error_strerror(&error))),
+        number};
+}
+
+Fault Fault_of_zip(int zip_error, const QString &name) {
+    zip_error_t error;
+    zip_error_init_with_code(&error, zip_error);
+    const Fault fault = Fault_of_zip(error, name);
+    zip_error_fini(&error);
+    return fault;
+}
+
+Result<Zip_Handle> Open_zip(const QString &native, const QString &name) {
+    const QFileInfo info(native);
+    if (!info.exists())
+        return {{}, {Fault_Kind::not_found, QString("There is no \"%1\".").arg(name)}};
+    if (info.isDir())
+        return {{}, {Fault_Kind::damaged, QString("\"%1\" is a folder, not a zip archive.").arg(name)}};
+    if (!info.isFile())
+        return {{}, Fault_of_zip(ZIP_ER_NOZIP, name)};
+    if (info.size() == 0)
+        return {{}, {Fault_Kind::damaged, QString("\"%1\" is empty.").arg(name)}};
+    int code = ZIP_ER_OK;
+    errno = 0;
+    Zip_Handle archive(zip_open(QFile::encodeName(native).constData(), ZIP_RDONLY, &code));
+    if (archive)
+        return {std::move(archive), {}};
+    if (code == ZIP_ER_OPEN && errno == EACCES)
+        return {{}, {Fault_Kind::no_access, QString("\"%1\" may not be read.").arg(name), EACCES}};
+    return {{}, Fault_of_zip(code, name)};
+}
+
+Entry_Reader::Entry_Reader(zip_t *archive, zip_uint64_t index, const QString &name, qint64 size)
+    : name_(name), size_(size), file_(zip_fopen_index(archive, index, 0)) {
+    if (!file_)
+        opening_ = Fault_of_zip(*zip_get_error(archive), name_);
+}
+
+Entry_Reader::~Entry_Reader() {
+    if (file_)
+        zip_fclose(file_);
+}
+
+Result<qint64> Entry_Reader::read(QByteArray &block) {
+    if (opening_)
+        return {0, opening_};
+    const zip_int64_t count = zip_fread(file_, block.data(), static_cast<zip_uint64_t>(block.size()));
+    if (count < 0)
+        return {0, Fault_of_zip(*zip_file_get_error(file_), name_)};
+    read_ += count;
+    if (read_ > size_ || (count == 0 && read_ < size_))
+        return {0, {Fault_Kind::damaged, QString("\"%1\" is damaged: its length is wrong.").arg(name_)}};
+    return {count, {}};
+}
+
+} // namespace vantrosk
