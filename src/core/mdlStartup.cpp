@@ -67,23 +67,6 @@ void Settle_Installation_Identity(Program &program) {
         settings.set_value("INSTALLPATH", "ProgramRoot", program.paths.AppPath);
 }
 
-bool Open_Library(Program &program) {
-    bool opened = false;
-    QString reason;
-    try {
-        opened = Open_database(program);
-    } catch (const Program_Error &error) {
-        reason = "\r\n" + error.description();
-    }
-    if (opened)
-        return true;
-    const QString file = program.paths.database.chopped(1);
-    debug_print(program, "STARTUP: database not opened: " + file);
-    Show_Critical(program, "Vantrosk.mdb",
-                  "The Vantrosk database can not be used: " + program.files.to_native(file) + reason);
-    return false;
-}
-
 /// The tables are looked over once per build and at a first start.
 void Check_Database_Tables(Program &program) {
     With_error_box(program, "Check_Database_Tables", "Module mdlStartup", [&] {
@@ -133,7 +116,7 @@ bool Start_Program(Program &program) {
     Cull_Temp_Files(program);
     Set_Caption(program, Window_Title());
     Settle_Installation_Identity(program);
-    if (!Open_Library(program))
+    if (!Open_database(program))
         return false;
     Check_Database_Tables(program);
     return true;
