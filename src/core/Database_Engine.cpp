@@ -152,8 +152,7 @@ void Log_statement(Program &program, const QString &sql) {
         return;
     const QString line = Log_time_text(program) + "--" + sql + "\r\n";
     // A log that can not be written is no reason to trouble anybody.
-    const Fault ignored = program.files.append_file(program.paths.AppPath + "\\SQL_Log.log", line.toUtf8());
-    Q_UNUSED(ignored)
+    (void)program.files.append_file(program.paths.AppPath + "\\SQL_Log.log", line.toUtf8());
 }
 
 sqlite3 *Connection(Program &program) {
@@ -238,15 +237,18 @@ QString Keep_damaged_file(Program &program, const QString &path) {
 
 void Open_and_fill(Program &program, const QString &path) {
     Database::State &state = Database_state(program.database);
-    state.close();
-    Connect(program, state, program.files.to_native(path));
-    Make_delivered_tables(state.connection);
+    try {
+        Connect(program, state, program.files.to_native(path));
+        Make_delivered_tables(state.connection);
+    } catch (const Program_Error &) {
+        state.close();
+        throw;
+    }
 }
 
 /// A new file in the place of the damaged one, which is kept, and the user told.
 void Replace_damaged_file(Program &program, const QString &path, const Program_Error &damage) {
     debug_print(program, "DB_FUNCTIONS: Database file is damaged: " + damage.description());
-    Database_state(program.database).close();
     const QString kept = Keep_damaged_file(program, path);
     if (kept.isEmpty())
         throw damage;
@@ -259,30 +261,36 @@ void Replace_damaged_file(Program &program, const QString &path, const Program_E
             "the FMs are found again at the next folder scan.");
 }
 
+void Open_or_replace(Program &program, const QString &path) {
+    try {
+        Open_and_fill(program, path);
+    } catch (const Program_Error &error) {
+        if (!Is_damage(error.number()))
+            throw;
+        Replace_damaged_file(program, path, error);
+    }
+}
+
+void Lift_write_protection(Program &program, const QString &path) {
+    const auto file = program.files.look(path);
+    if (!file || !file->read_only)
+        return;
+    debug_print(program, "DB_FUNCTIONS: Database file exists its marked as read only though, so trying to "
+                         "change to normal attributes");
+    if (const Fault fault = program.files.clear_attributes(path))
+        debug_print(program, "DB_FUNCTIONS: " + fault.text);
+}
+
 } // namespace
 
 bool Open_database(Program &program) {
     const QString path = Database_path(program);
-    const auto file = program.files.look(path);
-    if (file && file->read_only) {
-        debug_print(program,
-                    "DB_FUNCTIONS: Database file exists its marked as read only though, so trying to "
-                    "change to normal attributes");
-        if (const Fault fault = program.files.clear_attributes(path))
-            debug_print(program, "DB_FUNCTIONS: " + fault.text);
-    }
+    Lift_write_protection(program, path);
     try {
-        try {
-            Open_and_fill(program, path);
-        } catch (const Program_Error &error) {
-            if (!Is_damage(error.number()))
-                throw;
-            Replace_damaged_file(program, path, error);
-        }
+        Open_or_replace(program, path);
         return true;
     } catch (const Program_Error &error) {
         debug_print(program, "DB_FUNCTIONS: Database can not be opened: " + error.description());
-        Database_state(program.database).close();
         Show_Critical(program, "Vantrosk Database",
                       "Vantrosk can not use its database file.\n\n" + program.files.to_native(path) + "\n\n" +
                           error.description());

@@ -50,8 +50,7 @@ void Start_debug_log(Program &program) {
     Append_line(start, "Debug log started at " + Log_time_text(program));
     Append_line(start, debug_log_rule);
     // No log is no reason to stop the work that it tells of; the same holds where it is handed to the disk.
-    const Fault ignored = program.files.write_file(program.paths.debug_log, start.toUtf8());
-    Q_UNUSED(ignored)
+    (void)program.files.write_file(program.paths.debug_log, start.toUtf8());
 }
 
 void Write_debug_log(Program &program, const QString &line) {

@@ -26,7 +26,8 @@ constexpr Trace_Area trace_areas[] = {
     {"mdlDebug", "DEBUGGER: "},
 };
 
-QString Trace_prefix(const QString &module) {
+QString Trace_prefix(const QString &place) {
+    const QString module = place.startsWith("Module ") ? place.mid(7) : place;
     for (const Trace_Area &area : trace_areas) {
         if (module == QLatin1String(area.module))
             return area.prefix;
@@ -52,7 +53,8 @@ Program_Error::Program_Error(int number, const QString &description)
     : std::runtime_error(description.toStdString()), number_(number), description_(description) {}
 
 QString Error_text(const QString &procedure, const QString &module, int number, const QString &description) {
-    const QString place = module.startsWith("Form ") ? module : "Module " + module;
+    const bool is_named = module.startsWith("Form ") || module.startsWith("Module ");
+    const QString place = is_named ? module : "Module " + module;
     return QString("Error %1 (%2) on line 0 in procedure %3 of %4.")
         .arg(QString::number(number), description, procedure, place);
 }
