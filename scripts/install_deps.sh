@@ -6,14 +6,14 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build ccache pkg-config clang-format git
     qt6-base-dev qt6-base-dev-tools qt6-webengine-dev libqt6svg6-dev libgl-dev
-    libzip-dev libsqlite3-dev libsndfile1-dev libsamplerate0-dev libuchardet-dev
+    libzip-dev libsqlite3-dev libsndfile1-dev libsamplerate0-dev
     libgtest-dev googletest
 )
 # Qt's window system plug-ins, a virtual display, and letters for Latin and Cyrillic texts.
 window_packages=(qt6-qpa-plugins xvfb x11-utils xkb-data fonts-noto-core fonts-dejavu-core)
 # Other makers' zips for the tests, and a Windows program to really start. The tests that use them say so and
 # skip where they are missing.
-test_packages=(zip unzip p7zip-full gcc-mingw-w64-x86-64 wine wine64 xauth)
+test_packages=(zip unzip p7zip-full gcc-mingw-w64-x86-64-win32 wine wine64 xauth)
 
 missing_of() {
     local package
@@ -30,7 +30,7 @@ if ! command -v apt-get >/dev/null 2>&1 || ! command -v dpkg-query >/dev/null 2>
 This script knows Debian and Ubuntu. On this system please install, under its own names:
   a C++20 compiler, CMake 3.22, Ninja, pkg-config,
   Qt 6.4 or later with Widgets, Svg and WebEngine,
-  libzip, SQLite 3, libsndfile, libsamplerate, uchardet, GoogleTest,
+  libzip, SQLite 3, libsndfile, libsamplerate, GoogleTest,
   Xvfb and fonts for Latin and Cyrillic; for all tests also zip, unzip, 7z, mingw-w64 and Wine.
 Then run again with VANTROSK_DEPS=present.
 EOF
