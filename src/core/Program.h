@@ -43,6 +43,8 @@ struct Selected_Fm {
     QString RTF_readme, VKML_readme; ///< names as in the zip
     QString FM_FOLDER;               ///< folder in the zip of the last .PK4
     QString background_image;        ///< name in INFO
+    QString recent_image;            ///< name below "titles" of the picture for the list of recent missions
+    QString map_image;               ///< Windows path in the game folder; empty for none
     QString zip_date;                ///< "YYYY/MM/DD"
     qint64 total_uncompressed = 0;
     QStringList mission_files;

@@ -1,0 +1,76 @@
+#include "core/mdlDebug.h"
+#include "core/mdlFile_Functions.h"
+#include "core/mdlFormDisplayFunctions.h"
+#include "library/Info_Run.h"
+#include "library/fields/Readme_Fields.h"
+#include "readme/mdlHTML_stuff.h"
+
+namespace vantrosk {
+
+namespace {
+
+/// The page or file that the browser is to show; empty for none.
+QString Readme_page(Program &program) {
+    if (!program.TEXTFILENAME.isEmpty()) {
+        const QString path = In_info(program, program.TEXTFILENAME);
+        if (program.tweaks.VIEW_TXT_AS_VKML)
+            return Render_Text_Readme(program, path);
+        return FileExists(program, path) ? path : QString();
+    }
+    if (!program.fm.RTF_readme.isEmpty())
+        return Render_RTF_Notice(program, In_info(program, program.fm.RTF_readme));
+    if (!program.fm.VKML_readme.isEmpty())
+        return Render_VKML_Readme(program, In_info(program, program.fm.VKML_readme));
+    return {};
+}
+
+void Show_page(Program &program, const QString &page) {
+    program.fm.readme_page = page;
+    Show_Readme_Page(program, page.isEmpty() ? "about:blank" : page);
+}
+
+/// What the zip itself or an earlier readme said stays.
+void Fill_empty_fields(Program &program, const Readme_Fields &fields) {
+    Details_Panel &details = program.screen.details;
+    if (details.game.isEmpty())
+        details.game = fields.game_text;
+    if (details.name.isEmpty())
+        details.name = fields.name;
+    if (details.author.isEmpty())
+        details.author = fields.author;
+    program.ui.details_changed();
+}
+
+} // namespace
+
+void Show_Readme(Program &program) {
+    Show_page(program, Readme_page(program));
+}
+
+void Show_Unreadable_Zip(Program &program, const Fault &fault) {
+    debug_print(program, "MAIN FORM: " + fault.text);
+    Show_page(program, Render_Notice(program, In_info(program, "unreadable_zip.htm"),
+                                     "This zip can not be read", fault.text));
+}
+
+void Get_TXT_Readme_info(Program &program, const QString &path) {
+    debug_print(program, ": Start Get_TXT_Readme_info");
+    const QStringList lines = Read_text_lines(program, path);
+    if (lines.isEmpty())
+        Show_page(program, {});
+    else
+        Fill_empty_fields(program, Fields_of_text(lines));
+    debug_print(program, ": End Get_TXT_Readme_info");
+}
+
+void Get_VKML_Readme_info(Program &program, const QString &path) {
+    debug_print(program, ": Start Get_VKML_Readme_info");
+    const QStringList lines = Read_text_lines(program, path);
+    if (lines.isEmpty())
+        Show_page(program, {});
+    else
+        Fill_empty_fields(program, Fields_of_vkml(lines));
+    debug_print(program, ": End Get_VKML_Readme_info");
+}
+
+} // namespace vantrosk
