@@ -5,6 +5,7 @@
 namespace vantrosk {
 
 struct Program;
+struct Fm_List;
 
 /// Selects a row as a click on it does: `row` counts from 0. Column as clicked.
 void Row_Click(Program &program, int row, int column);
@@ -16,5 +17,7 @@ void Key_Press(Program &program, QChar key);
 QString Cell_Tip(const Program &program, int row, int column);
 /// Sorts the rows below the original ones by the text of a column. Calling it again reverses.
 void Sort_List(Program &program, int column);
+/// The 13 headings, the sorted column's with "> " (ascending) or "< " in front.
+void Write_headings(Fm_List &list);
 
 } // namespace vantrosk

@@ -14,6 +14,7 @@ struct Archives_Request {
     int custom_image = 0;      ///< index of its icon
     QString custom_extensions; ///< its mission extensions, joined by "**"
     QString custom_game_path;
+    QString custom_mission_folder; ///< where its missions lie in the zip: a folder, or "REGEX:" and a pattern
     int filter = 0; ///< 0 none; 1-4, 11-14 ratings; 21-24 played and completed; 31 on categories
 };
 
