@@ -117,14 +117,14 @@ void Show_installed_state(Program &program, int row) {
 }
 
 void Start_examining(Program &program, const QString &zip_cell) {
-    const QString rule(43, u'=');
-    for (const QString &line : {rule, rule, "Scanning " + zip_cell})
-        Write_debug_log(program, line);
+    Write_debug_log(program, debug_log_rule);
+    Write_debug_log(program, debug_log_rule);
+    Write_debug_log(program, "Scanning " + zip_cell);
 }
 
 void Finish_examining(Program &program, int row) {
     Write_debug_log(program, "Finished Examining");
-    Write_debug_log(program, QString(43, u'='));
+    Write_debug_log(program, debug_log_rule);
     Flush_debug_log(program);
     const bool is_fm = row >= program.screen.list.original_rows;
     program.screen.details.reset_enabled = is_fm && !Row_at(program, row).cells[col_zip].isEmpty();

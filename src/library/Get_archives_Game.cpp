@@ -1,4 +1,6 @@
+#include "core/Games.h"
 #include "library/Scan.h"
+#include "library/Titles_Str.h"
 #include "library/fields/Readme_Fields.h"
 
 #include <array>
@@ -44,22 +46,6 @@ constexpr std::array<Known_Zip, 23> known_zips{{
     {"UNE_MERVEILLEUSE_RECEPTION.ZIP", false, "T2", u"A wonderful reception", nullptr},
 }};
 
-/// The original missions whose titles a mission's `titles.str` still carries tell the game it was built on.
-struct Original_Title {
-    const char *title, *other_title;
-    const char *game;
-    const char *note;
-};
-
-constexpr std::array<Original_Title, 3> original_titles{{
-    {"Running Interference", "Ambush!", "T2",
-     "Game details not found in Readme, Titles.str file for Thief 2"},
-    {"Song of the Caverns", "The Mage Towers", "TG",
-     "Game details not found in Readme, Titles.str file for Thief Gold"},
-    {"Keeper's training", "Lord Bafford's Manor", "T1",
-     "Game details not found in Readme, Titles.str file for Thief 1"},
-}};
-
 bool Is_named_like_zip(const Zip_Record &zip) {
     return zip.name.trimmed().compare(zip.zip_name, Qt::CaseInsensitive) == 0;
 }
@@ -68,26 +54,7 @@ bool Has_own_name(const Zip_Record &zip) {
     return !zip.name.trimmed().isEmpty() && !Is_named_like_zip(zip);
 }
 
-bool Holds(const QString &line, const char *title) {
-    return line.contains(QLatin1String(title), Qt::CaseInsensitive);
-}
-
-const Original_Title *Original_title_in(const QString &line) {
-    for (const Original_Title &original : original_titles) {
-        if (Holds(line, original.title) || Holds(line, original.other_title))
-            return &original;
-    }
-    return nullptr;
-}
-
-/// A mission's own title stands in quotes on the line before a blank one.
-void Take_quoted_name(Zip_Record &zip, const QString &line) {
-    const qsizetype quote = line.indexOf(u'"');
-    if (quote < 0 || Has_own_name(zip))
-        return;
-    zip.name = line.mid(quote + 1).remove(u'"');
-}
-
+/// The original missions whose titles a mission's "titles.str" still carries tell the game it was built on.
 void Test_titles(Program &program, Zip_Record &zip) {
     const Selected_Entry *titles = nullptr;
     for (const Selected_Entry &file : zip.extracted) {
@@ -96,19 +63,13 @@ void Test_titles(Program &program, Zip_Record &zip) {
     }
     if (!titles)
         return;
-    bool game_found = false;
-    QString previous;
-    for (const QString &line : Read_entry_lines(program, zip, titles->number)) {
-        if (const Original_Title *original = Original_title_in(line)) {
-            zip.game = QLatin1String(original->game);
-            zip.game_note = QLatin1String(original->note);
-            game_found = true;
-        }
-        if (line.trimmed().isEmpty() && !previous.isEmpty())
-            Take_quoted_name(zip, previous);
-        if (game_found && Has_own_name(zip))
-            return;
-        previous = line;
+    const QStringList lines = Read_entry_lines(program, zip, titles->number);
+    const Titles_Find found = Game_of_titles_str(lines, !Has_own_name(zip));
+    if (!found.name.isEmpty())
+        zip.name = found.name;
+    if (const Game *game = Find_Game(found.game)) {
+        zip.game = found.game;
+        zip.game_note = "Game details not found in Readme, Titles.str file for " + QString(game->short_name);
     }
 }
 
