@@ -1,0 +1,148 @@
+#include "readme/mdlHTML_stuff.h"
+#include "support/World.h"
+
+#include <gtest/gtest.h>
+
+using namespace vantrosk;
+
+namespace {
+
+struct Text_Page_Test : testing::Test {
+    World world;
+    Program &program = world.program();
+
+    /// The page of a readme with this content; the head is cut off.
+    QString body_of(const QByteArray &content, const QString &name = "readme.txt") {
+        world.write(name, content);
+        const QString page = Render_Text_Readme(program, world.windows(name));
+        if (page.isEmpty())
+            return "<no page>";
+        const QString html = QString::fromUtf8(world.read("readme.htm"));
+        return html.mid(Page_Head(program, true, true).size());
+    }
+
+    QString text_of(const QByteArray &content) {
+        const QString body = body_of(content);
+        const qsizetype start = body.indexOf("'>", body.indexOf("white-space:pre-wrap")) + 2;
+        return body.mid(start, body.indexOf("</div>") - start);
+    }
+};
+
+const QString table = "<table border='0' width='100%' cellspacing='0' cellpadding='3'>\r\n";
+
+} // namespace
+
+TEST_F(Text_Page_Test, The_page_lies_beside_the_readme) {
+    world.write("fm/Readme.TXT", "Title : The Vault\r\n");
+    EXPECT_EQ(Render_Text_Readme(program, world.windows("fm/Readme.TXT")),
+              world.windows("fm") + "\\Readme.htm");
+    EXPECT_TRUE(world.exists("fm/Readme.htm"));
+}
+
+TEST_F(Text_Page_Test, Title_game_and_author_stand_above_the_text) {
+    const QString body =
+        body_of("Title : The Vault\r\nAuthor: Ann Lee\r\nGame : Thief 2\r\n\r\n  A door.\r\n");
+    EXPECT_TRUE(body.startsWith(table + "<tr><td class='VKTITLE'>The Vault</td></tr>\r\n"
+                                        "<tr><td class='VKSUBTITLE'>A 'Thief 2' Fan Mission</td></tr>\r\n"
+                                        "<tr><td class='VKSUBTITLE'>   By Ann Lee</td></tr>\r\n"
+                                        "</table>\r\n"))
+        << body.toStdString();
+    EXPECT_TRUE(
+        body.endsWith("Title : The Vault<br>Author: Ann Lee<br>Game : Thief 2<br><br>  A door.</div>\r\n"
+                      "<br><br>\r\n</body>\r\n</html>"))
+        << body.toStdString();
+}
+
+TEST_F(Text_Page_Test, Without_title_author_and_game_the_header_keeps_one_empty_row) {
+    EXPECT_TRUE(body_of("Just text.\r\n").startsWith(table + "<tr><td>&nbsp;</td></tr>\r\n</table>\r\n"));
+}
+
+TEST_F(Text_Page_Test, Blanks_tabs_and_empty_lines_of_the_author_stay) {
+    EXPECT_EQ(text_of("  a\tb  c\n\n\n   d"), "  a\tb  c<br><br><br>   d");
+}
+
+TEST_F(Text_Page_Test, Every_kind_of_line_end_is_one_line_break) {
+    EXPECT_EQ(text_of("a\r\nb\nc\rd"), "a<br>b<br>c<br>d");
+}
+
+TEST_F(Text_Page_Test, Quotes_and_tabs_of_the_text_stay_though_the_fields_lose_them) {
+    EXPECT_EQ(text_of("Title :\t\"The Vault\"\r\n"), "Title :\t\"The Vault\"");
+}
+
+TEST_F(Text_Page_Test, Mark_up_in_the_text_shows_as_text) {
+    const QString text = text_of("<script>alert(1)</script>\n<img src=x onerror='a()'>\n&lt; &amp;");
+    EXPECT_EQ(text, "&lt;script&gt;alert(1)&lt;/script&gt;<br>&lt;img src=x onerror='a()'&gt;<br>&lt; &amp;");
+}
+
+TEST_F(Text_Page_Test, Mark_up_in_title_author_and_game_shows_as_text) {
+    const QString body = body_of("Title : <script>t</script>\nAuthor: <b onclick='x'>A\nGame : <i>Thief 2\n");
+    EXPECT_FALSE(body.contains("<script"));
+    EXPECT_FALSE(body.contains("<b "));
+    EXPECT_FALSE(body.contains("<i>"));
+    EXPECT_TRUE(body.contains("<td class='VKTITLE'>&lt;script&gt;t&lt;/script&gt;</td>"));
+}
+
+TEST_F(Text_Page_Test, Nul_bytes_are_left_out) {
+    EXPECT_EQ(text_of(QByteArray("a\0b\0\0c\n", 7)), "abc");
+}
+
+TEST_F(Text_Page_Test, A_readme_in_windows_1252_becomes_a_page_in_utf_8) {
+    EXPECT_EQ(text_of("caf\xE9 \x93quoted\x94"), QStringLiteral("café “quoted”"));
+}
+
+TEST_F(Text_Page_Test, A_readme_over_8_MiB_is_read_up_to_there) {
+    QByteArray content;
+    while (content.size() < 9 * 1024 * 1024)
+        content += "0123456789012345678901234567890123456789012345678901234567890\r\n";
+    EXPECT_NE(body_of(content), "<no page>");
+    EXPECT_LT(world.read("readme.htm").size(), 10 * 1024 * 1024);
+    EXPECT_GT(world.read("readme.htm").size(), 8 * 1024 * 1024);
+}
+
+TEST_F(Text_Page_Test, An_empty_file_gives_no_page) {
+    EXPECT_EQ(body_of(""), "<no page>");
+    EXPECT_FALSE(world.exists("readme.htm"));
+}
+
+TEST_F(Text_Page_Test, A_missing_file_gives_no_page) {
+    EXPECT_EQ(Render_Text_Readme(program, world.windows("nothing.txt")), "");
+}
+
+TEST_F(Text_Page_Test, Another_extension_gives_no_page) {
+    world.write("readme.doc", "text");
+    EXPECT_EQ(Render_Text_Readme(program, world.windows("readme.doc")), "");
+}
+
+TEST_F(Text_Page_Test, A_page_that_can_not_be_written_is_none_and_leaves_a_trace) {
+    world.write("fm/readme.txt", "text");
+    world.make_folder("fm/readme.htm/in the way");
+    program.trace.enabled = true;
+    EXPECT_EQ(Render_Text_Readme(program, world.windows("fm/readme.txt")), "");
+    EXPECT_FALSE(world.ui.trace.isEmpty());
+}
+
+TEST_F(Text_Page_Test, The_source_is_never_changed) {
+    world.write("readme.txt", "a\nb\n");
+    EXPECT_NE(Render_Text_Readme(program, world.windows("readme.txt")), "");
+    EXPECT_EQ(world.read("readme.txt"), "a\nb\n");
+}
+
+TEST_F(Text_Page_Test, An_rtf_readme_gets_a_page_that_says_what_it_is) {
+    world.write("fm/<b>'x'.rtf", "{\\rtf1}");
+    EXPECT_EQ(Render_RTF_Notice(program, world.windows("fm") + "\\<b>'x'.rtf"),
+              world.windows("fm") + "\\<b>'x'.htm");
+    const QString html = QString::fromUtf8(world.read("fm/<b>'x'.htm"));
+    EXPECT_TRUE(html.contains("This mission's readme is an RTF file (&lt;b&gt;'x'.rtf). Vantrosk shows text "
+                              "and VKML readmes so far."))
+        << html.toStdString();
+    EXPECT_FALSE(html.contains("<b>"));
+}
+
+TEST_F(Text_Page_Test, A_notice_shows_heading_and_reason_as_text) {
+    const QString page = world.windows("home") + "\\INFO\\n.htm";
+    EXPECT_EQ(Render_Notice(program, page, "This <i> can not", "reason <script>"), page);
+    const QString html = QString::fromUtf8(program.files.read_file(page, 1 << 20).value);
+    EXPECT_EQ(html, Page_Head(program, false, false) +
+                        "<span class='VKSUBTITLE'>This &lt;i&gt; can not</span><br><br>\r\n"
+                        "<span class='VKINFO'>reason &lt;script&gt;</span><br>\r\n</body>\r\n</html>");
+}
