@@ -193,9 +193,8 @@ const Column_Type *Find_type(const QString &name) {
 
 /// "name type ..." of one column, from `place` up to the comma or bracket behind it.
 void Translate_column(const Tokens &from, size_t &place, Tokens &to) {
-    if (place >= from.size())
-        return;
-    to.push_back(from[place++]);
+    if (place < from.size())
+        to.push_back(from[place++]);
     const Column_Type *type = place < from.size() ? Find_type(from[place].text) : nullptr;
     if (!type)
         Refuse("Syntax error in field definition.");
@@ -225,14 +224,12 @@ Tokens Translate_create(const Tokens &from) {
         Refuse("Syntax error in CREATE TABLE statement.");
     Tokens to(from.begin(), opening + 1);
     size_t place = to.size();
-    while (place < from.size()) {
+    do {
         Translate_column(from, place, to);
         if (place >= from.size())
             Refuse("Syntax error in CREATE TABLE statement.");
         to.push_back(from[place++]);
-        if (to.back().is_symbol(")"))
-            break;
-    }
+    } while (!to.back().is_symbol(")"));
     to.insert(to.end(), from.begin() + static_cast<std::ptrdiff_t>(place), from.end());
     return to;
 }

@@ -168,6 +168,11 @@ Recordset Run(Program &program, const QString &sql) {
     return Read_all(Connection(program), Translate_statement(sql));
 }
 
+/// Whether closing writes the log into the file; not before the file is known to be sound.
+void Write_log_at_close(sqlite3 *connection, bool write) {
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, write ? 0 : 1, nullptr);
+}
+
 /// Opens and looks the whole file over. Throws with the engine's number.
 void Connect(Program &program, Database::State &state, const QString &native_path) {
     const int code =
@@ -175,6 +180,7 @@ void Connect(Program &program, Database::State &state, const QString &native_pat
                         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK)
         throw Program_Error(code & 0xff, QString::fromUtf8(sqlite3_errmsg(state.connection)));
+    Write_log_at_close(state.connection, false);
     sqlite3_busy_timeout(state.connection, busy_milliseconds);
     Register_dialect(state.connection, program.clock);
     if (sqlite3_db_readonly(state.connection, "main") != 0)
@@ -182,6 +188,7 @@ void Connect(Program &program, Database::State &state, const QString &native_pat
     const Recordset check = Read_all(state.connection, "PRAGMA quick_check(1)");
     if (check.is_empty() || check.rows[0][0].toString() != "ok")
         throw Program_Error(SQLITE_CORRUPT, check.is_empty() ? QString() : check.rows[0][0].toString());
+    Write_log_at_close(state.connection, true);
     for (const char *statement : connection_statements)
         Read_all(state.connection, statement);
 }

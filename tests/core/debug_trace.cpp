@@ -1,0 +1,197 @@
+#include "core/mdlDebug.h"
+#include "core/mdlErrorHandler.h"
+#include "support/World.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+
+namespace vantrosk {
+
+namespace {
+
+/// A program that nothing was started of.
+struct Debug_World : World {
+    Debug_World() : bare(platform, ui, windows("home")) {}
+    Program bare;
+};
+
+const std::string log_start = "Debug log started at 19/11/2026 22:14:05\r\n"
+                              "===========================================\r\n";
+
+} // namespace
+
+TEST(Trace, Nothing_is_kept_while_it_is_off) {
+    Debug_World world;
+    EXPECT_FALSE(debug_enabled(world.bare));
+    debug_print(world.bare, "FUNCTIONS: one");
+    EXPECT_EQ(world.bare.trace.last, "");
+    EXPECT_EQ(world.bare.trace.text, "");
+    EXPECT_EQ(world.ui.trace, QStringList());
+}
+
+TEST(Trace, A_line_goes_to_the_box_and_to_the_face) {
+    Debug_World world;
+    set_debug(world.bare, true);
+    EXPECT_TRUE(debug_enabled(world.bare));
+    debug_print(world.bare, "FUNCTIONS: one");
+    debug_print(world.bare, "MAIN FORM: two");
+    EXPECT_EQ(world.bare.trace.last, "MAIN FORM: two");
+    EXPECT_EQ(world.bare.trace.text, "FUNCTIONS: one\r\nMAIN FORM: two\r\n");
+    EXPECT_EQ(world.ui.trace, (QStringList{"FUNCTIONS: one", "MAIN FORM: two"}));
+    set_debug(world.bare, false);
+    debug_print(world.bare, "three");
+    EXPECT_EQ(world.bare.trace.last, "MAIN FORM: two");
+}
+
+TEST(Trace, An_empty_text_leaves_the_box_alone) {
+    Debug_World world;
+    set_debug(world.bare, true);
+    debug_print(world.bare, "one");
+    debug_print(world.bare, "");
+    EXPECT_EQ(world.bare.trace.last, "");
+    EXPECT_EQ(world.bare.trace.text, "one\r\n");
+    EXPECT_EQ(world.ui.trace, QStringList{"one"});
+}
+
+namespace {
+
+struct Pausing_Ui : Recording_Ui {
+    QStringList pauses;
+    void trace_pause(const QString &prompt) override { pauses << prompt; }
+};
+
+} // namespace
+
+TEST(Trace, A_pause_holds_only_with_a_prompt_and_the_trace_on) {
+    World world;
+    Pausing_Ui ui;
+    Program program(world.platform, ui, world.windows("home"));
+    debug_pause(program, "off");
+    set_debug(program, true);
+    debug_pause(program, "");
+    EXPECT_EQ(ui.pauses, QStringList());
+    debug_pause(program, "About to read ini");
+    EXPECT_EQ(ui.pauses, QStringList{"About to read ini"});
+}
+
+TEST(Debug_Log, Is_begun_anew_and_takes_the_gathered_lines) {
+    Debug_World world;
+    world.write("home/debug.log", "old");
+    Start_debug_log(world.bare);
+    EXPECT_EQ(world.read("home/debug.log").toStdString(), log_start);
+    Write_debug_log(world.bare, "Clearing the Flexgrid ");
+    Write_debug_log(world.bare, "Scanning Žluť.zip");
+    EXPECT_EQ(world.read("home/debug.log").toStdString(), log_start);
+    Flush_debug_log(world.bare);
+    Flush_debug_log(world.bare);
+    EXPECT_EQ(world.read("home/debug.log").toStdString(),
+              log_start + "Clearing the Flexgrid \r\nScanning Žluť.zip\r\n");
+    Write_debug_log(world.bare, debug_log_rule);
+    Flush_debug_log(world.bare);
+    EXPECT_EQ(world.read("home/debug.log").toStdString(),
+              log_start + "Clearing the Flexgrid \r\nScanning Žluť.zip\r\n" +
+                  "===========================================\r\n");
+    Start_debug_log(world.bare);
+    EXPECT_EQ(world.read("home/debug.log").toStdString(), log_start);
+}
+
+TEST(Debug_Log, Lines_of_an_older_scan_do_not_reach_a_new_log) {
+    Debug_World world;
+    Write_debug_log(world.bare, "left over");
+    Start_debug_log(world.bare);
+    Flush_debug_log(world.bare);
+    EXPECT_EQ(world.read("home/debug.log").toStdString(), log_start);
+}
+
+TEST(Debug_Log, A_long_scan_reaches_the_disk_while_it_runs) {
+    Debug_World world;
+    Start_debug_log(world.bare);
+    for (int line = 0; line < 100; ++line)
+        Write_debug_log(world.bare, QString(1000, 'x'));
+    EXPECT_GT(world.read("home/debug.log").size(), 60'000);
+    Flush_debug_log(world.bare);
+    EXPECT_EQ(world.read("home/debug.log").size(), static_cast<qsizetype>(log_start.size()) + 100 * 1002);
+}
+
+TEST(Debug_Log, A_log_that_can_not_be_written_is_not_reported) {
+    Debug_World world;
+    world.make_folder("home/debug.log/in the way");
+    Start_debug_log(world.bare);
+    Write_debug_log(world.bare, "line");
+    Flush_debug_log(world.bare);
+    EXPECT_TRUE(world.ui.boxes.empty());
+    EXPECT_EQ(world.bare.trace.log_lines, "");
+}
+
+TEST(Error_Box, Work_without_a_fault_shows_nothing) {
+    Debug_World world;
+    bool done = false;
+    EXPECT_TRUE(With_error_box(world.bare, "Get_archives", "Form frmMain", [&done] { done = true; }));
+    EXPECT_TRUE(done);
+    EXPECT_TRUE(world.ui.boxes.empty());
+}
+
+TEST(Error_Box, A_fault_is_told_with_procedure_and_module_and_the_program_goes_on) {
+    Debug_World world;
+    set_debug(world.bare, true);
+    EXPECT_FALSE(With_error_box(world.bare, "check_thief_version", "mdlFunctions",
+                                [] { throw Program_Error(53, "File not found: Žluť (%1)"); }));
+    ASSERT_EQ(world.ui.boxes.size(), 1u);
+    const Box &box = world.ui.boxes[0];
+    EXPECT_EQ(box.kind, Box_Kind::critical);
+    EXPECT_EQ(box.title, "An Error Has Occured");
+    EXPECT_EQ(box.text,
+              "Error 53 (File not found: Žluť (%1)) on line 0 in procedure check_thief_version of Module "
+              "mdlFunctions.");
+    EXPECT_EQ(box.buttons, Buttons::ok);
+    EXPECT_EQ(world.ui.trace,
+              QStringList{"FUNCTIONS: Error In check_thief_version : (53) File not found: Žluť (%1)"});
+}
+
+TEST(Error_Box, Other_exceptions_are_told_in_the_same_way) {
+    Debug_World world;
+    EXPECT_FALSE(With_error_box(world.bare, "Do_Install", "Form frmMain",
+                                [] { throw std::runtime_error("no more memory"); }));
+    EXPECT_FALSE(With_error_box(world.bare, "Do_Install", "Form frmMain", [] { throw std::bad_alloc(); }));
+    EXPECT_EQ(world.ui.box_texts(),
+              (QStringList{"Error 0 (no more memory) on line 0 in procedure Do_Install of Form frmMain.",
+                           "Error 0 (std::bad_alloc) on line 0 in procedure Do_Install of Form frmMain."}));
+}
+
+TEST(Error_Box, The_trace_line_begins_with_the_area_of_the_module) {
+    struct Area {
+        const char *module;
+        const char *start;
+    };
+    constexpr Area areas[] = {
+        {"Form frmMain", "MAIN FORM: "},
+        {"Form frmTweaks", "TWEAKS: "},
+        {"Form frmSettings", "frmSettings: "},
+        {"mdlFunctions", "FUNCTIONS: "},
+        {"mdlFile_Functions", "File_Functions: "},
+        {"mdlDB_Functions", "DB_FUNCTIONS: "},
+        {"mdlFormDisplayFunctions", "FORM DISPLAY: "},
+        {"mdlStartup", "STARTUP: "},
+        {"Module mdlStartup", "STARTUP: "},
+        {"mdlDebug", "DEBUGGER: "},
+        {"mdlWebStuff", "mdlWebStuff: "},
+    };
+    Debug_World world;
+    set_debug(world.bare, true);
+    for (const Area &area : areas) {
+        With_error_box(world.bare, "P", area.module, [] { throw Program_Error(1, "x"); });
+        EXPECT_EQ(world.ui.trace.last(), QString(area.start) + "Error In P : (1) x");
+    }
+}
+
+TEST(Error_Box, The_place_is_a_form_or_a_module) {
+    EXPECT_EQ(Error_text("T3MAIN_exe_Check", "Form frmSettings", 5, "d"),
+              "Error 5 (d) on line 0 in procedure T3MAIN_exe_Check of Form frmSettings.");
+    EXPECT_EQ(Error_text("P", "mdlFunctions", 5, "d"),
+              "Error 5 (d) on line 0 in procedure P of Module mdlFunctions.");
+    EXPECT_EQ(Error_text("P", "Module mdlFunctions", 5, "d"),
+              "Error 5 (d) on line 0 in procedure P of Module mdlFunctions.");
+}
+
+} // namespace vantrosk
