@@ -134,10 +134,11 @@ void Decide_without_readme(Program &program, const Scan &scan, Zip_Record &zip) 
 /// Short texts are codes already, and so is the name of the list's own custom game.
 void Map_readme_game(const Scan &scan, Zip_Record &zip) {
     constexpr qsizetype longest_code = 4;
+    const bool is_code = zip.game.size() <= longest_code;
     zip.game = zip.game.trimmed();
     if (scan.is_custom() && zip.game.compare(scan.list_name, Qt::CaseInsensitive) == 0)
         return;
-    zip.game = zip.game.size() > longest_code ? Map_game_words(zip.game) : zip.game.toUpper();
+    zip.game = is_code ? zip.game.toUpper() : Map_game_words(zip.game);
 }
 
 void Name_after_zip_if_nameless(Zip_Record &zip) {
