@@ -53,6 +53,12 @@ struct Selected_Fm {
     QString install_state; ///< "installed", "not installed" or "other installed"
 };
 
+/// An author whose name shows in a colour of its own.
+struct Author_Colour {
+    QString author;
+    QString colour; ///< decimal colour number
+};
+
 /// What one running program knows. Procedures take it as their first argument; there are no other globals.
 struct Program {
     /// `app_path` is the program's folder, a Windows path without a trailing separator.
@@ -73,6 +79,7 @@ struct Program {
     Screen screen;
     Scan_Summary scan;
     Selected_Fm fm;
+    std::vector<Author_Colour> authors; ///< by name
 
     bool first_run = false;
     QString server_base_url;

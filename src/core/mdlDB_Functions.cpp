@@ -176,6 +176,20 @@ bool DB_Message_Was_Seen(Program &program, const QString &name) {
                 .is_empty();
 }
 
+void Get_Authors_Array(Program &program) {
+    debug_print(program, "DB_FUNCTIONS: Start getAuthors_Array");
+    With_error_box(program, "Get_Authors_Array", module, [&] {
+        program.authors.clear();
+        const Recordset rows =
+            db_Query(program, "select author,author_colour from Table_Authors order by author");
+        debug_print(program, "DB_FUNCTIONS: adodc done in getAuthors_Array");
+        for (int row = 0; row < rows.size(); ++row) {
+            if (!rows.text(row, "author").isEmpty())
+                program.authors.push_back({rows.text(row, "author"), rows.text(row, "author_colour")});
+        }
+    });
+}
+
 QString DB_Email_Template(Program &program, const QString &type, const QString &text, bool write) {
     const QString type_text = In_single_quotes(type);
     const Recordset row = db_Query(program, "SELECT * FROM table_emails WHERE Email_type = " + type_text);

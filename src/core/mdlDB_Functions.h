@@ -79,6 +79,8 @@ bool DB_Resize_Text_Column(Program &program, const QString &table, const QString
 void DB_Upgrade_Tables(Program &program);
 void DB_Message_Seen(Program &program, const QString &name);
 bool DB_Message_Was_Seen(Program &program, const QString &name);
+/// Reads the colour-coded authors into `program.authors`; unused slots are left out.
+void Get_Authors_Array(Program &program);
 /// One email template. Writing inserts or updates it and gives "TRUE"; reading gives its stored text.
 QString DB_Email_Template(Program &program, const QString &type, const QString &text, bool write);
 

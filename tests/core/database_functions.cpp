@@ -194,6 +194,31 @@ TEST(DB_Email_Template, Reads_inserts_and_updates) {
         "Email_Low|new|2026-11-19 22:14:05");
 }
 
+TEST(Get_Authors_Array, Reads_the_used_slots_by_name) {
+    Database_World world;
+    Program &program = world.upgraded();
+    for (const char *row : {"'Zoe','255',0", "'','1',1", "null,'2',2", "'ann','65280',3"})
+        db_Execute(
+            program,
+            QString("INSERT INTO Table_Authors (author,author_colour,author_rank) VALUES (%1)").arg(row));
+    set_debug(program, true);
+    for (int time = 0; time < 2; ++time) {
+        Get_Authors_Array(program);
+        ASSERT_EQ(program.authors.size(), 2u);
+        EXPECT_EQ(program.authors[0].author + program.authors[0].colour, "ann65280");
+        EXPECT_EQ(program.authors[1].author + program.authors[1].colour, "Zoe255");
+    }
+    EXPECT_EQ(world.ui.trace.mid(2), (QStringList{"DB_FUNCTIONS: Start getAuthors_Array",
+                                                  "DB_FUNCTIONS: adodc done in getAuthors_Array"}));
+}
+
+TEST(Get_Authors_Array, A_fault_shows_the_error_box) {
+    Database_World world;
+    Get_Authors_Array(*world.bare);
+    EXPECT_EQ(world.ui.box_texts(), QStringList{"Error 14 (The database is not open.) on line 0 in procedure "
+                                                "Get_Authors_Array of Module mdlDB_Functions."});
+}
+
 TEST(Encode_Text, Every_character_of_the_table_goes_both_ways) {
     const QString plain = "\"Hi\" it's\r\nyou? & me 100%";
     const QString stored = "%22Hi%22 it%27s%0Ayou%3F %26 me 100%";
