@@ -2,9 +2,7 @@
 
 #include "zip/mUnzip.h"
 
-#include <QStringDecoder>
-
-#include <cstring>
+#include <algorithm>
 
 namespace vantrosk {
 
@@ -27,13 +25,6 @@ QChar Character(unsigned char byte, bool made_on_unix) {
     return byte < 0xa0 ? QChar(windows_1252[byte - 0x80]) : QChar(byte);
 }
 
-bool Is_ascii(const char *text, size_t length) {
-    for (size_t i = 0; i < length; ++i)
-        if (static_cast<unsigned char>(text[i]) >= 0x80)
-            return false;
-    return true;
-}
-
 bool Is_separator(QChar c) {
     return c == u'/' || c == u'\\';
 }
@@ -45,18 +36,28 @@ bool Is_nothing(QStringView part) {
 
 } // namespace
 
-QString Decode_entry_name(const char *stored, bool made_on_unix) {
-    const size_t length = std::strlen(stored);
-    const QByteArrayView bytes(stored, static_cast<qsizetype>(length));
-    if (Is_ascii(stored, length))
-        return QString::fromLatin1(bytes);
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decoder(bytes);
-    if (!decoder.hasError())
-        return text;
+bool Is_unix_system(unsigned system) {
+    constexpr unsigned unix_system = 3, macintosh = 7, mac_os_x = 19;
+    return system == unix_system || system == macintosh || system == mac_os_x;
+}
+
+bool Is_ascii(QByteArrayView bytes) {
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+bool Is_utf8(QByteArrayView bytes) {
+    return Is_ascii(bytes) || bytes.isValidUtf8();
+}
+
+QString Decode_entry_name(QByteArrayView stored, bool made_on_unix) {
+    if (Is_ascii(stored))
+        return QString::fromLatin1(stored);
+    if (Is_utf8(stored))
+        return QString::fromUtf8(stored);
     QString result;
-    result.reserve(bytes.size());
-    for (const char c : bytes)
+    result.reserve(stored.size());
+    for (const char c : stored)
         result += Character(static_cast<unsigned char>(c), made_on_unix);
     return result;
 }

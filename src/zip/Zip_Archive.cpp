@@ -64,16 +64,22 @@ Fault Fault_of_zip(int zip_error, const QString &name) {
     return fault;
 }
 
-Result<Zip_Handle> Open_zip(const QString &native, const QString &name) {
+Fault Check_archive_file(const QString &native, const QString &name) {
     const QFileInfo info(native);
     if (!info.exists())
-        return {{}, {Fault_Kind::not_found, QString("There is no \"%1\".").arg(name)}};
+        return Fault_of_zip(ZIP_ER_NOENT, name);
     if (info.isDir())
-        return {{}, {Fault_Kind::damaged, QString("\"%1\" is a folder, not a zip archive.").arg(name)}};
+        return {Fault_Kind::damaged, QString("\"%1\" is a folder, not a zip archive.").arg(name)};
     if (!info.isFile())
-        return {{}, Fault_of_zip(ZIP_ER_NOZIP, name)};
+        return Fault_of_zip(ZIP_ER_NOZIP, name);
     if (info.size() == 0)
-        return {{}, {Fault_Kind::damaged, QString("\"%1\" is empty.").arg(name)}};
+        return {Fault_Kind::damaged, QString("\"%1\" is empty.").arg(name)};
+    return {};
+}
+
+Result<Zip_Handle> Open_zip(const QString &native, const QString &name) {
+    if (const Fault fault = Check_archive_file(native, name))
+        return {{}, fault};
     int code = ZIP_ER_OK;
     errno = 0;
     Zip_Handle archive(zip_open(QFile::encodeName(native).constData(), ZIP_RDONLY, &code));

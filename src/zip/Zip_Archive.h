@@ -21,8 +21,10 @@ using Zip_Handle = std::unique_ptr<zip_t, Zip_Closer>;
 Fault Fault_of_zip(zip_error_t &error, const QString &name);
 Fault Fault_of_zip(int zip_error, const QString &name);
 
-/// Opens for reading. Only an ordinary file is opened: a folder, a pipe or an empty file is a fault. `native`
-/// is its path, `name` what faults call it.
+/// The fault of what is no ordinary file with something in it: a folder, a pipe, an empty or missing file.
+Fault Check_archive_file(const QString &native, const QString &name);
+
+/// Opens for reading. `native` is the path, `name` what faults call it.
 Result<Zip_Handle> Open_zip(const QString &native, const QString &name);
 
 /// One entry's content, read in blocks.

@@ -21,13 +21,6 @@ QString Name_of_path(const QString &path) {
     return path.mid(std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/')) + 1);
 }
 
-QDateTime Date_of_entry(zip_t *archive, const Listed_Entry &entry) {
-    zip_stat_t stat;
-    if (zip_stat_index(archive, entry.index, ZIP_FL_ENC_RAW, &stat) != 0 || !(stat.valid & ZIP_STAT_MTIME))
-        return {};
-    return QDateTime::fromSecsSinceEpoch(stat.mtime);
-}
-
 /// Whether the file's owner could start it where the archive was made.
 bool Was_executable(zip_t *archive, zip_uint64_t index) {
     constexpr zip_uint32_t owner_may_start = 0100u << 16;
@@ -46,6 +39,10 @@ struct Extraction {
     qint64 size_limit;
     QByteArray block;
 };
+
+Fault Has_changed(const QString &archive) {
+    return {Fault_Kind::damaged, QString("\"%1\" is not what it was when it was listed.").arg(archive)};
+}
 
 Fault Too_large(const Listed_Entry &entry, qint64 limit) {
     return {Fault_Kind::too_large,
@@ -89,7 +86,7 @@ Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Prog
         return fault;
     if (Was_executable(run.archive, entry.index))
         file.set_executable();
-    if (const Fault fault = file.keep(Date_of_entry(run.archive, entry)))
+    if (const Fault fault = file.keep(entry.date()))
         return fault;
     run.target.note_file(place.value);
     return {};
@@ -99,12 +96,13 @@ Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Prog
 
 struct cUnzip::State {
     QString listed_file; ///< what `Directory` read
-    Zip_Handle archive;
-    std::vector<Listed_Entry> entries;
+    Entry_List list;
+    Zip_Handle archive; ///< opened when an entry's content is wanted: a scan wants few
 
     const Listed_Entry *entry(int i) const {
-        return i >= 1 && static_cast<size_t>(i) <= entries.size() ? &entries[static_cast<size_t>(i) - 1]
-                                                                  : nullptr;
+        return i >= 1 && static_cast<size_t>(i) <= list.entries.size()
+                   ? &list.entries[static_cast<size_t>(i) - 1]
+                   : nullptr;
     }
 };
 
@@ -114,11 +112,15 @@ cUnzip::~cUnzip() = default;
 
 Fault cUnzip::Directory() {
     Close();
-    Result<Zip_Handle> opened = Open_zip(files_.to_native(ZipFile), Name_of_path(ZipFile));
-    if (!opened.ok())
-        return opened.fault;
-    state_->archive = std::move(opened.value);
-    state_->entries = List_entries(state_->archive.get());
+    const QString native = files_.to_native(ZipFile);
+    if (const Fault fault = Check_archive_file(native, Name_of_path(ZipFile)))
+        return fault;
+    if (!Read_plain_directory(native, state_->list)) {
+        state_->list = Entry_List();
+        if (const Fault fault = Open_archive())
+            return fault;
+        Read_open_archive(state_->archive.get(), state_->list);
+    }
     state_->listed_file = ZipFile;
     return {};
 }
@@ -127,8 +129,20 @@ void cUnzip::Close() {
     *state_ = State();
 }
 
+Fault cUnzip::Open_archive() const {
+    if (state_->archive)
+        return {};
+    Result<Zip_Handle> opened = Open_zip(files_.to_native(ZipFile), Name_of_path(ZipFile));
+    state_->archive = std::move(opened.value);
+    return opened.fault;
+}
+
+QString cUnzip::Comment() const {
+    return Decode_entry_name(state_->list.comment, false);
+}
+
 int cUnzip::FileCount() const {
-    return static_cast<int>(state_->entries.size());
+    return static_cast<int>(state_->list.entries.size());
 }
 
 QString cUnzip::Filename(int i) const {
@@ -156,7 +170,12 @@ int cUnzip::FileCompressionRatio(int i) const {
 
 QDateTime cUnzip::FileDate(int i) const {
     const Listed_Entry *entry = state_->entry(i);
-    return entry ? Date_of_entry(state_->archive.get(), *entry) : QDateTime();
+    return entry ? entry->date() : QDateTime();
+}
+
+bool cUnzip::FileIsSafe(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    return entry && entry->safe;
 }
 
 bool cUnzip::FileSelected(int i) const {
@@ -166,12 +185,13 @@ bool cUnzip::FileSelected(int i) const {
 
 void cUnzip::FileSelected(int i, bool selected) {
     if (state_->entry(i))
-        state_->entries[static_cast<size_t>(i) - 1].selected = selected;
+        state_->list.entries[static_cast<size_t>(i) - 1].selected = selected;
 }
 
+/// Refuses before anything is written what could not be written in the end.
 Fault cUnzip::Check_selected() const {
     const QString archive = Name_of_path(ZipFile);
-    for (const Listed_Entry &entry : state_->entries) {
+    for (const Listed_Entry &entry : state_->list.entries) {
         if (!entry.selected)
             continue;
         if (UseFolderNames ? !entry.safe : !Is_safe_name_part(entry.file))
@@ -182,11 +202,16 @@ Fault cUnzip::Check_selected() const {
             return {Fault_Kind::damaged,
                     QString("\"%1\" in \"%2\" is encrypted.").arg(entry.name(), archive)};
     }
+    if (const Fault fault = Open_archive())
+        return fault;
+    for (const Listed_Entry &entry : state_->list.entries)
+        if (entry.selected && !Is_same_entry(state_->archive.get(), entry))
+            return Has_changed(archive);
     return {};
 }
 
 Fault cUnzip::Unzip() {
-    if (!state_->archive || state_->listed_file != ZipFile)
+    if (state_->listed_file.isEmpty() || state_->listed_file != ZipFile)
         if (const Fault fault = Directory())
             return fault;
     if (const Fault fault = Check_selected())
@@ -196,7 +221,7 @@ Fault cUnzip::Unzip() {
         return fault;
     Extraction run{state_->archive.get(), target,    UseFolderNames,
                    OverwriteExisting,     SizeLimit, QByteArray(block_size, Qt::Uninitialized)};
-    for (const Listed_Entry &entry : state_->entries)
+    for (const Listed_Entry &entry : state_->list.entries)
         if (entry.selected)
             if (const Fault fault = Extract_entry(run, entry, Progress))
                 return fault;
@@ -211,6 +236,10 @@ Result<QByteArray> cUnzip::Read_entry(int i, qint64 limit) const {
                  QString("There is no entry %1 in \"%2\".").arg(i).arg(Name_of_path(ZipFile))}};
     if (entry->encrypted)
         return {{}, Fault_of_zip(ZIP_ER_NOPASSWD, entry->name())};
+    if (const Fault fault = Open_archive())
+        return {{}, fault};
+    if (!Is_same_entry(state_->archive.get(), *entry))
+        return {{}, Has_changed(Name_of_path(ZipFile))};
     Entry_Reader reader(state_->archive.get(), entry->index, entry->name(), entry->size);
     QByteArray content;
     QByteArray block(block_size, Qt::Uninitialized);

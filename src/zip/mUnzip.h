@@ -38,14 +38,17 @@ public:
     /// Reads the central directory; afterwards every entry is selected. A zip that can not be read gives no
     /// entries and the reason.
     Fault Directory();
-    /// Lets go of the archive and its list. Until then, or the next `Directory`, the file stays open.
+    /// Lets go of the archive and its list. Until then, or the next `Directory`, a file that was unzipped
+    /// from stays open.
     void Close();
+    QString Comment() const; ///< of the archive
     int FileCount() const;
     QString Filename(int i) const;         ///< last part of the stored name
     QString FileDirectory(int i) const;    ///< folder of the stored name, empty at the root
     qint64 FileSize(int i) const;          ///< uncompressed bytes, as stored
     int FileCompressionRatio(int i) const; ///< percent saved, 0 to 100
     QDateTime FileDate(int i) const;
+    bool FileIsSafe(int i) const; ///< its whole stored name may be extracted below a folder
     bool FileSelected(int i) const;
     void FileSelected(int i, bool selected);
 
@@ -59,6 +62,7 @@ public:
 
 private:
     struct State;
+    Fault Open_archive() const;
     Fault Check_selected() const;
     Files &files_;
     std::unique_ptr<State> state_;

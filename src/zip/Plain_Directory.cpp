@@ -1,0 +1,149 @@
+#include "zip/Entry_List.h"
+#include "zip/Entry_Names.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+namespace vantrosk {
+
+namespace {
+
+// Sizes and signatures of the records, as the format's APPNOTE tells them; all numbers are little-endian.
+constexpr qint64 end_size = 22;
+constexpr qint64 header_size = 46;
+constexpr qint64 local_header_size = 30;
+constexpr qint64 locator_size = 20;
+constexpr qint64 longest_comment = 0xffff;
+constexpr qint64 longest_directory = 64 * 1024 * 1024;
+constexpr char end_signature[] = "PK\x05\x06";
+constexpr char header_signature[] = "PK\x01\x02";
+constexpr char locator_signature[] = "PK\x06\x07";
+constexpr int encrypted_flag = 1, utf8_flag = 0x800;
+
+/// Extra fields that tell of another length, name or comment, or of encryption.
+constexpr unsigned meaningful_fields[] = {0x0001, 0x6375, 0x7075, 0x9901};
+
+unsigned Number_16(const char *at) {
+    const auto *bytes = reinterpret_cast<const unsigned char *>(at);
+    return bytes[0] | bytes[1] << 8;
+}
+
+quint32 Number_32(const char *at) {
+    return Number_16(at) | static_cast<quint32>(Number_16(at + 2)) << 16;
+}
+
+/// Where the directory lies.
+struct End_Record {
+    qint64 offset = 0, size = 0; ///< of the directory, bytes
+    qint64 count = 0;            ///< of its records
+    QByteArray comment;
+};
+
+bool Parse_end(QByteArrayView tail, qint64 tail_offset, End_Record &end) {
+    const QByteArrayView signature(end_signature, 4);
+    const qsizetype at = tail.lastIndexOf(signature);
+    // A second one may be part of a comment: which of them counts is not for the plain reader to say.
+    if (at < 0 || tail.indexOf(signature) != at || tail.size() - at < end_size)
+        return false;
+    const char *record = tail.data() + at;
+    end.count = Number_16(record + 10);
+    end.size = Number_32(record + 12);
+    end.offset = Number_32(record + 16);
+    const qsizetype comment = Number_16(record + 20);
+    if (Number_16(record + 4) != 0 || Number_16(record + 6) != 0 || Number_16(record + 8) != end.count ||
+        end.count == 0xffff || at + end_size + comment != tail.size() ||
+        end.offset + end.size != tail_offset + at)
+        return false;
+    if (at >= locator_size && std::memcmp(record - locator_size, locator_signature, 4) == 0)
+        return false;
+    end.comment = tail.last(comment).toByteArray();
+    return true;
+}
+
+/// The end record is the last thing in the file; before a comment it is somewhere in the last 64 KiB.
+bool Find_end(QFile &file, End_Record &end) {
+    const qint64 length = file.size();
+    for (const qint64 reach : {end_size + locator_size, end_size + locator_size + longest_comment}) {
+        const qint64 offset = std::max<qint64>(0, length - reach);
+        if (!file.seek(offset))
+            return false;
+        const QByteArray tail = file.read(length - offset);
+        if (tail.size() == length - offset && Parse_end(tail, offset, end))
+            return true;
+    }
+    return false;
+}
+
+bool Are_plain_fields(QByteArrayView fields) {
+    while (!fields.isEmpty()) {
+        if (fields.size() < 4)
+            return false;
+        const unsigned id = Number_16(fields.data());
+        const qsizetype size = Number_16(fields.data() + 2);
+        if (std::find(std::begin(meaningful_fields), std::end(meaningful_fields), id) !=
+                std::end(meaningful_fields) ||
+            size > fields.size() - 4)
+            return false;
+        fields = fields.sliced(4 + size);
+    }
+    return true;
+}
+
+/// Adds one record; the bytes it takes, or 0 when it is not of the plain kind.
+qsizetype Add_record(QByteArrayView rest, const End_Record &end, std::uint64_t index, Entry_List &list) {
+    if (rest.size() < header_size || std::memcmp(rest.data(), header_signature, 4) != 0)
+        return 0;
+    const char *record = rest.data();
+    const qsizetype name_size = Number_16(record + 28), extra_size = Number_16(record + 30),
+                    comment_size = Number_16(record + 32);
+    const qsizetype whole = header_size + name_size + extra_size + comment_size;
+    const quint32 packed = Number_32(record + 20), size = Number_32(record + 24),
+                  offset = Number_32(record + 42);
+    if (whole > rest.size() || packed == 0xffffffff || size == 0xffffffff || Number_16(record + 34) != 0 ||
+        offset + local_header_size + packed > end.offset)
+        return 0;
+    const QByteArrayView name = rest.sliced(header_size, name_size);
+    const QByteArrayView comment = rest.sliced(whole - comment_size, comment_size);
+    const unsigned flags = Number_16(record + 8);
+    if (name.contains('\0') || !Are_plain_fields(rest.sliced(header_size + name_size, extra_size)) ||
+        ((flags & utf8_flag) && !(Is_utf8(name) && Is_utf8(comment))))
+        return 0;
+    Listed_Entry entry;
+    entry.size = size;
+    entry.packed = packed;
+    entry.index = index;
+    entry.dos_time = static_cast<std::uint16_t>(Number_16(record + 12));
+    entry.dos_date = static_cast<std::uint16_t>(Number_16(record + 14));
+    entry.encrypted = (flags & encrypted_flag) != 0;
+    list.add(name, Is_unix_system(Number_16(record + 4) >> 8), std::move(entry));
+    return whole;
+}
+
+} // namespace
+
+bool Read_plain_directory(const QString &native, Entry_List &list) {
+    QFile file(native);
+    End_Record end;
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !Find_end(file, end) ||
+        end.size > longest_directory || end.count * header_size > end.size || !file.seek(end.offset))
+        return false;
+    const QByteArray directory = file.read(end.size);
+    if (directory.size() != end.size)
+        return false;
+    list.entries.reserve(static_cast<size_t>(end.count));
+    qsizetype at = 0;
+    for (qint64 i = 0; i < end.count; ++i) {
+        const qsizetype taken =
+            Add_record(QByteArrayView(directory).sliced(at), end, static_cast<std::uint64_t>(i), list);
+        if (taken == 0)
+            return false;
+        at += taken;
+    }
+    list.comment = end.comment;
+    return at == directory.size();
+}
+
+} // namespace vantrosk
