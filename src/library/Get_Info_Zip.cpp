@@ -33,7 +33,7 @@ void Classify_entries(Program &program, Info_Run &run, const cUnzip &zip) {
         Let_events_run(program, i, total);
         unpacked += zip.FileSize(i);
         Write_debug_log(program, "Examining " + zip.Filename(i));
-        if (Is_safe_entry_name(Stored_name(zip, i)))
+        if (zip.FileIsSafe(i))
             Classify_Entry(run.found, i, zip.Filename(i), zip.FileDirectory(i));
         else
             debug_print(program, "MAIN FORM: passed over " + Stored_name(zip, i));

@@ -49,7 +49,7 @@ struct Info_World : testing::Test {
         return values;
     }
 
-    QStringList info_files() { return Names(world.snapshot("home/INFO")); }
+    QStringList info_files() { return Names(world.snapshot("home/info")); }
 
     const Details_Panel &details() const { return program.screen.details; }
     QString game_path(const QString &code) { return world.windows("games/" + code); }
