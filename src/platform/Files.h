@@ -24,7 +24,9 @@ struct File_Info {
 
 /// Files and folders under Windows paths ("C:\Games\Thief2"). Both separators are understood, names
 /// compare without case: an exact spelling is tried first, then the other spellings, folder by folder.
-/// A new file keeps the spelling it was given. No call here throws; none follows a path out of what it names.
+/// A new file keeps the spelling it was given. ".." is resolved in the text and never leads above the drive.
+/// Reading follows links; writing, moving and removing act on the link itself. What is neither file nor
+/// folder (a pipe, a device) is not there for a look or a listing and is never opened. No call here throws.
 class Files {
 public:
     virtual ~Files() = default;
@@ -36,7 +38,8 @@ public:
 
     /// Nothing when there is no such file or folder (a dangling link counts as none).
     virtual std::optional<File_Info> look(const QString &path) const = 0;
-    /// The entries of one folder, "." and ".." left out, in binary order of their names.
+    /// The entries of one folder, "." and ".." left out, in binary order of their UTF-16 names. A dangling
+    /// link is listed as a link that is no folder.
     virtual Result<std::vector<File_Info>> list_folder(const QString &path) const = 0;
 
     /// The whole file; `too_large` when it is longer than `limit` bytes.
@@ -45,10 +48,12 @@ public:
     virtual Result<QByteArray> read_start(const QString &path, qint64 count) const = 0;
     /// Written beside and moved over in one step: after a fault or a kill the old file is whole.
     virtual Fault write_file(const QString &path, const QByteArray &bytes) = 0;
-    /// Appends and hands the bytes to the system before it returns; makes the file when missing.
+    /// Appends and hands the bytes to the system before it returns; makes the file when missing. After a
+    /// fault the file is as long as it was.
     virtual Fault append_file(const QString &path, const QByteArray &bytes) = 0;
 
-    /// Moves within one folder tree in one step, else copies, checks and deletes. Replaces `to`.
+    /// Moves within one file system in one step, else copies, checks and deletes. Replaces `to` unless it is
+    /// a folder. A folder can be moved too, within one file system.
     virtual Fault move_file(const QString &from, const QString &to) = 0;
     /// Copies content and modification time, beside and moved over; replaces `to`.
     virtual Fault copy_file(const QString &from, const QString &to) = 0;

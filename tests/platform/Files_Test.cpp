@@ -108,7 +108,8 @@ TEST_F(Files_Test, A_listing_that_fails_says_why) {
     EXPECT_EQ(files.list_folder(path("file")).fault.kind, Fault_Kind::not_found);
     EXPECT_EQ(files.list_folder("x").fault.kind, Fault_Kind::not_found);
     EXPECT_EQ(files.list_folder(path("none")).fault.text,
-              QStringLiteral("Could not list \"%1\": it does not exist.").arg(world.native("d/none")));
+              QStringLiteral("Could not list \"%1\": there is no such file or folder.")
+                  .arg(world.native("d/none")));
 }
 
 TEST_F(Files_Test, A_folder_that_can_not_be_read_is_a_fault_of_access) {
@@ -262,6 +263,7 @@ TEST_F(Files_Test, On_a_full_disk_the_old_file_is_whole_and_nothing_is_left) {
     EXPECT_EQ(With_full_disk([&] { return files.write_file(path("new"), large); }), no_space);
     EXPECT_EQ(With_full_disk([&] { return files.copy_file(path("source"), path("file")); }), no_space);
     EXPECT_EQ(With_full_disk([&] { return files.append_file(path("source"), "x"); }), no_space);
+    EXPECT_EQ(With_full_disk([&] { return files.append_file(path("file"), large); }), no_space);
     EXPECT_EQ(With_full_disk([&] { return files.write_file(path("small"), "fits"); }), 0);
     EXPECT_EQ(world.read("d/file"), "old");
     EXPECT_EQ(world.read("d/source"), large);

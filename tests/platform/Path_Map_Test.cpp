@@ -3,6 +3,7 @@
 #include "platform/linux/Path_Map.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
 namespace vantrosk {
 namespace {
@@ -18,11 +19,11 @@ protected:
         world.link("prefix/dosdevices/z:", "/");
     }
 
-    QString native(const QString &path) const { return QString::fromUtf8(map().native(path)); }
-    QString windows(const QString &path) const { return map().windows(path); }
-    Path_Map map() const { return Path_Map(world.native("prefix")); }
+    QString native(const QString &path) const { return QString::fromUtf8(map.native(path)); }
+    QString windows(const QString &path) const { return map.windows(path); }
 
     Platform_World world;
+    Path_Map map{world.native("prefix")};
 };
 
 struct Accepted {
@@ -170,6 +171,58 @@ TEST_F(Path_Map_Test, The_exact_spelling_comes_before_the_others_which_come_in_b
     EXPECT_EQ(native("C:\\ReadMe.Txt"), world.native("prefix/drive_c/README.TXT"));
 }
 
+TEST_F(Path_Map_Test, A_change_in_a_folder_is_seen_at_once) {
+    const Path_Map paths(world.native("prefix"));
+    const auto found = [&](const char *path) {
+        return QString::fromUtf8(paths.native(path));
+    };
+    const QString folder = world.native("prefix/drive_c/Games/");
+    for (int round = 0; round < 50; ++round) {
+        EXPECT_EQ(found("C:\\games\\x.TXT"), folder + "x.TXT");
+        world.write("prefix/drive_c/Games/X.txt", "x");
+        EXPECT_EQ(found("C:\\games\\x.TXT"), folder + "X.txt");
+        QFile::rename(folder + "X.txt", folder + "x.Txt");
+        EXPECT_EQ(found("C:\\games\\x.TXT"), folder + "x.Txt");
+        QFile::remove(folder + "x.Txt");
+    }
+}
+
+TEST_F(Path_Map_Test, A_change_in_a_folder_that_was_long_at_rest_is_seen_at_once) {
+    const QByteArray folder = world.bytes("prefix/drive_c/Games");
+    const timespec long_ago[2] = {{1000000000, 0}, {1000000000, 0}};
+    const Path_Map paths(world.native("prefix"));
+    for (const char *name : {"One.txt", "Two.txt", "Three.txt"}) {
+        const QString path = QStringLiteral("C:\\games\\") + QString(name).toUpper();
+        ASSERT_EQ(::utimensat(AT_FDCWD, folder.constData(), long_ago, 0), 0);
+        EXPECT_EQ(paths.native(path), folder + '/' + QByteArray(name).toUpper());
+        world.write(QStringLiteral("prefix/drive_c/Games/") + name, "x");
+        ASSERT_EQ(::utimensat(AT_FDCWD, folder.constData(), long_ago, 0), 0);
+        EXPECT_EQ(paths.native(path), folder + '/' + name);
+    }
+}
+
+TEST_F(Path_Map_Test, A_folder_put_in_the_place_of_another_is_read_anew) {
+    const Path_Map paths(world.native("prefix"));
+    world.write("prefix/drive_c/next/New.txt", "x");
+    world.write("prefix/drive_c/Games/Old.txt", "x");
+    EXPECT_EQ(QString::fromUtf8(paths.native("C:\\Games\\OLD.TXT")),
+              world.native("prefix/drive_c/Games/Old.txt"));
+    QFile::rename(world.native("prefix/drive_c/Games"), world.native("prefix/drive_c/away"));
+    QFile::rename(world.native("prefix/drive_c/next"), world.native("prefix/drive_c/Games"));
+    EXPECT_EQ(QString::fromUtf8(paths.native("C:\\Games\\NEW.TXT")),
+              world.native("prefix/drive_c/Games/New.txt"));
+    EXPECT_EQ(QString::fromUtf8(paths.native("C:\\Games\\OLD.TXT")),
+              world.native("prefix/drive_c/Games/OLD.TXT"));
+}
+
+TEST_F(Path_Map_Test, More_folders_than_are_remembered_are_all_found) {
+    for (int i = 0; i < 200; ++i) {
+        const QString name = QStringLiteral("Folder%1").arg(i);
+        world.make_folder("prefix/drive_c/" + name + "/Sub");
+        EXPECT_EQ(native("C:\\" + name.toUpper() + "\\SUB"), world.native("prefix/drive_c/" + name + "/Sub"));
+    }
+}
+
 TEST_F(Path_Map_Test, Names_fold_as_unicode_does) {
     world.write("prefix/drive_c/Žluťoučký KŮŇ.zip", "x");
     world.write("prefix/drive_c/Миссия.zip", "x");
@@ -177,6 +230,9 @@ TEST_F(Path_Map_Test, Names_fold_as_unicode_does) {
     EXPECT_EQ(native("C:\\žLUŤOUČKÝ kůň.ZIP"), world.native("prefix/drive_c/Žluťoučký KŮŇ.zip"));
     EXPECT_EQ(native("C:\\МИССИЯ.ZIP"), world.native("prefix/drive_c/Миссия.zip"));
     EXPECT_EQ(native("C:\\σας.zip"), world.native("prefix/drive_c/ΣΑΣ.zip"));
+    world.write("prefix/drive_c/Straße 𐐀.zip", "x");
+    EXPECT_EQ(native("C:\\STRAßE 𐐨.zip"), world.native("prefix/drive_c/Straße 𐐀.zip"));
+    EXPECT_EQ(native("C:\\STRASSE 𐐀.zip"), world.native("prefix/drive_c/STRASSE 𐐀.zip"));
     EXPECT_EQ(native("C:\\misija.zip"), world.native("prefix/drive_c/misija.zip"));
 }
 
@@ -185,7 +241,7 @@ TEST_F(Path_Map_Test, A_name_that_is_not_utf_8_is_found_by_its_replacement_chara
     const int file = ::open(name.constData(), O_CREAT | O_WRONLY, 0644);
     ASSERT_GE(file, 0);
     ::close(file);
-    EXPECT_EQ(map().native(QStringLiteral("C:\\CAF\uFFFD.TXT")), name);
+    EXPECT_EQ(map.native(QStringLiteral("C:\\CAF\uFFFD.TXT")), name);
     ::unlink(name.constData()); // the temporary folder could not
 }
 

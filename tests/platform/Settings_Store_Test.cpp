@@ -63,7 +63,7 @@ TEST(Settings_Store, A_missing_value_is_empty) {
 
 TEST(Settings_Store, A_damaged_file_has_no_values_and_can_be_written_again) {
     Platform_World world;
-    world.write("settings.conf", QByteArray("\xff\xfe\0\x01[[[ = \n]=\\x", 18));
+    world.write("settings.conf", QByteArray("\xff\xfe\0\x01[[[ = \n]=\\x", 15));
     EXPECT_EQ(world.platform.settings->value("a", "b"), QString());
     world.platform.settings->set_value("a", "b", "c");
     EXPECT_EQ(world.platform.settings->value("a", "b"), "c");

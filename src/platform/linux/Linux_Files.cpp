@@ -255,9 +255,14 @@ Fault Linux_Files::append_file(const QString &path, const QByteArray &bytes) {
     }
     File_Handle file(
         ::open(native.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666));
-    if (!file || !Write_fully(file.number(), bytes.constData(), bytes.size()) || file.close() != 0)
+    if (!file || ::fstat(file.number(), &info) != 0)
         return failed();
-    return {};
+    if (Write_fully(file.number(), bytes.constData(), bytes.size()))
+        return file.close() == 0 ? Fault{} : failed();
+    const Fault fault = failed();
+    // Half a line would be worse than none. Should this fail too, the fault told is still the first one.
+    (void)!::ftruncate(file.number(), info.st_size);
+    return fault;
 }
 
 /// Where a moved file goes: the found spelling, but a change of nothing except the spelling is a change.

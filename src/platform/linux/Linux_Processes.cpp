@@ -3,6 +3,7 @@
 #include "Native_Io.h"
 #include "Process_Table.h"
 
+#include <QDir>
 #include <QHash>
 
 #include <sched.h>
@@ -66,9 +67,11 @@ QString Find_in_path(const QString &name) {
         return ::stat(path.constData(), &info) == 0 && S_ISREG(info.st_mode) &&
                ::access(path.constData(), X_OK) == 0;
     };
+    if (name.contains(QLatin1Char('/'))) {
+        const QString path = QDir::current().absoluteFilePath(name);
+        return usable(path.toUtf8()) ? path : QString();
+    }
     const QByteArray wanted = name.toUtf8();
-    if (wanted.contains('/'))
-        return wanted.startsWith('/') && usable(wanted) ? name : QString();
     for (const QByteArray &folder : qgetenv("PATH").split(':'))
         if (folder.startsWith('/') && usable(folder + '/' + wanted))
             return QString::fromUtf8(folder + '/' + wanted);

@@ -18,7 +18,7 @@ struct Error_Row {
 };
 
 constexpr Error_Row error_rows[] = {
-    {ENOENT, Fault_Kind::not_found, "it does not exist"},
+    {ENOENT, Fault_Kind::not_found, "there is no such file or folder"},
     {ENOTDIR, Fault_Kind::not_found, "a part of its path is not a folder"},
     {ENXIO, Fault_Kind::not_found, "the device is not there"},
     {ENODEV, Fault_Kind::not_found, "the device is not there"},

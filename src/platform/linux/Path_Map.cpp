@@ -61,48 +61,6 @@ QByteArray Read_link(const QByteArray &path) {
     return target;
 }
 
-bool Is_ascii(const QByteArray &text) {
-    for (const char c : text)
-        if (static_cast<unsigned char>(c) > 127)
-            return false;
-    return true;
-}
-
-/// Another spelling of `name` in a folder, the first in binary order; empty when there is none.
-QByteArray Find_other_spelling(const QByteArray &folder, const QString &name) {
-    Folder_Reader entries(folder.isEmpty() ? "/" : folder);
-    const QByteArray plain = name.toUtf8();
-    const bool plain_is_ascii = Is_ascii(plain);
-    QByteArray found;
-    while (const char *entry = entries.next()) {
-        const QByteArray candidate = QByteArray::fromRawData(entry, qstrlen(entry));
-        // Most names are plain: comparing their bytes spares the decoding of whole folders.
-        const bool same = plain_is_ascii && Is_ascii(candidate)
-                              ? candidate.compare(plain, Qt::CaseInsensitive) == 0
-                              : Name_from_native(candidate).compare(name, Qt::CaseInsensitive) == 0;
-        if (same && (found.isEmpty() || candidate < found))
-            found = QByteArray(candidate.constData(), candidate.size());
-    }
-    return found;
-}
-
-/// Follows the parts from a folder, each in the spelling found.
-QByteArray Follow_parts(QByteArray path, const QStringList &parts) {
-    bool missing = false;
-    for (const QString &part : parts) {
-        const QByteArray exact = Name_to_native(part);
-        const QByteArray next = path + '/' + exact;
-        if (missing || Exists(next)) {
-            path = next;
-            continue;
-        }
-        const QByteArray other = Find_other_spelling(path, part);
-        missing = other.isEmpty();
-        path += '/' + (missing ? exact : other);
-    }
-    return path;
-}
-
 bool Is_below(const QByteArray &path, const QByteArray &root) {
     return path == root || (path.startsWith(root) && path.size() > root.size() && path[root.size()] == '/');
 }
@@ -119,6 +77,20 @@ QByteArray Name_to_native(const QString &name) {
     QString text = name;
     text.replace(backslash_stand_in, QLatin1Char('\\'));
     return text.toUtf8();
+}
+
+QString Fold_name(const QString &name) {
+    QString folded = name;
+    for (qsizetype i = 0; i < folded.size(); ++i) {
+        if (!folded[i].isHighSurrogate() || i + 1 == folded.size() || !folded[i + 1].isLowSurrogate()) {
+            folded[i] = folded[i].toCaseFolded();
+            continue;
+        }
+        const char32_t sign = QChar::toCaseFolded(QChar::surrogateToUcs4(folded[i], folded[i + 1]));
+        folded[i] = QChar(QChar::highSurrogate(sign));
+        folded[++i] = QChar(QChar::lowSurrogate(sign));
+    }
+    return folded;
 }
 
 bool Is_windows_path(const QString &path) {
@@ -162,6 +134,22 @@ std::vector<Path_Map::Drive> Path_Map::drives() const {
     return found;
 }
 
+QByteArray Path_Map::follow(QByteArray path, const QStringList &parts) const {
+    bool missing = false;
+    for (const QString &part : parts) {
+        const QByteArray exact = Name_to_native(part);
+        const QByteArray next = path + '/' + exact;
+        if (missing || Exists(next)) {
+            path = next;
+            continue;
+        }
+        const QByteArray other = names_.find(path.isEmpty() ? QByteArray("/") : path, part);
+        missing = other.isEmpty();
+        path += '/' + (missing ? exact : other);
+    }
+    return path;
+}
+
 QByteArray Path_Map::native(const QString &path) const {
     if (!Is_windows_path(path) || path.contains(QChar(0)))
         return {};
@@ -179,7 +167,7 @@ QByteArray Path_Map::native(const QString &path) const {
         exact += '/' + Name_to_native(part);
     if (exact.isEmpty())
         return "/";
-    return Exists(exact) ? exact : Follow_parts(root, parts);
+    return Exists(exact) ? exact : follow(root, parts);
 }
 
 QString Path_Map::windows(const QString &native_path) const {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Folder_Names.h"
+
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -38,14 +41,20 @@ private:
 
     QByteArray drive_root(char letter) const;
     std::vector<Drive> drives() const;
+    /// Follows the parts from a folder, each in the spelling found.
+    QByteArray follow(QByteArray path, const QStringList &parts) const;
 
     QString prefix_;
     QByteArray prefix_bytes_;
+    mutable Folder_Names names_;
 };
 
 /// One name: a backslash in the native one is U+F05C in the other. Bytes that are not UTF-8 read as U+FFFD.
 QString Name_from_native(const QByteArray &name);
 QByteArray Name_to_native(const QString &name);
+
+/// The form in which names are compared: case folded sign by sign, so that a name keeps its length.
+QString Fold_name(const QString &name);
 
 /// "C:\x", "c:/x" and "C:", not "C:x".
 bool Is_windows_path(const QString &path);

@@ -1,5 +1,6 @@
 #include "Linux_Parts.h"
 #include "Native_Io.h"
+#include "Path_Map.h"
 
 #include <QHash>
 
@@ -148,7 +149,7 @@ void Read_value_line(const QByteArray &line, Values &values) {
     if (at >= line.size() || line[at] != '=')
         return;
     if (const auto text = Read_data(line.mid(at + 1)))
-        values.insert(name.toCaseFolded(), *text);
+        values.insert(Fold_name(name), *text);
 }
 
 /// A Wine registry file: "WINE REGISTRY Version 2", then "[Software\\Key] timestamp" with its lines
@@ -172,7 +173,7 @@ Keys Parse_registry(const QByteArray &file) {
         if (line[0] == '[') {
             qsizetype at = 1;
             const auto key = Read_escaped_text(line, at, ']');
-            values = key ? &keys[key->toCaseFolded()] : nullptr;
+            values = key ? &keys[Fold_name(*key)] : nullptr;
             continue;
         }
         if (line[0] != '"' && line[0] != '@')
@@ -192,10 +193,10 @@ public:
 
     std::optional<QString> value(const QString &key, const QString &name) {
         refresh();
-        const auto found = keys_.constFind(key.toCaseFolded());
+        const auto found = keys_.constFind(Fold_name(key));
         if (found == keys_.constEnd())
             return std::nullopt;
-        const auto value = found->constFind(name.toCaseFolded());
+        const auto value = found->constFind(Fold_name(name));
         return value == found->constEnd() ? std::nullopt : std::optional<QString>(*value);
     }
 

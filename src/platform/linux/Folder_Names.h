@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <sys/stat.h>
+
+#include <mutex>
+
+namespace vantrosk {
+
+/// Finds names in folders without regard to case. A folder with thousands of zips is asked thousands of times
+/// for a file that is not there, so its names are kept until the folder's own dates change.
+class Folder_Names {
+public:
+    /// The spelling on disk of `name`, the first in binary order; empty when there is none.
+    QByteArray find(const QByteArray &folder, const QString &name);
+
+private:
+    struct Folder {
+        struct stat seen {};
+        bool settled = false; ///< whether a later change is sure to show in the dates
+        QHash<QString, QByteArray> names;
+    };
+
+    static Folder read(const QByteArray &folder, const struct stat &seen);
+
+    std::mutex lock_;
+    QHash<QByteArray, Folder> folders_;
+};
+
+} // namespace vantrosk
