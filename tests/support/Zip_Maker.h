@@ -11,9 +11,9 @@ namespace vantrosk {
 /// One entry of a test archive; the name is stored as it stands, however hostile. A name that ends in "/" is
 /// a folder entry.
 struct Zip_Entry {
-    QByteArray name;
-    QByteArray content;
-    QDateTime modified; ///< local time; some fixed day when invalid
+    QByteArray name = {};
+    QByteArray content = {};
+    QDateTime modified = {}; ///< local time; some fixed day when invalid
 };
 
 /// Writes an archive at a native path, replacing what is there. Entries may repeat a name.
