@@ -222,10 +222,12 @@ void Set_Display_Defaults(Program &program) {
 void Read_Ini_Files(Program &program) {
     constexpr const char *procedure = "Read_Ini_Files", *module = "Module mdlFile_Functions";
     program.first_run = false;
-    if (FileExists(program, program.paths.main_ini))
+    if (FileExists(program, program.paths.main_ini)) {
         With_error_box(program, procedure, module, [&] { Read_main_ini(program); });
-    else
+        Copy_Folders_To_Game_Table(program);
+    } else {
         program.first_run = true;
+    }
     if (FileExists(program, program.paths.tweaks_ini)) {
         With_error_box(program, procedure, module, [&] { Read_tweaks_ini(program); });
     } else {
@@ -240,7 +242,9 @@ void Read_Ini_Files(Program &program) {
 }
 
 Fault Write_Main_Ini(Program &program) {
-    return Write_pairs(program, program.paths.main_ini, Main_ini_pairs(program));
+    Fault fault = Write_pairs(program, program.paths.main_ini, Main_ini_pairs(program));
+    Copy_Folders_To_Game_Table(program);
+    return fault;
 }
 
 Fault Write_Tweaks_Ini(Program &program) {

@@ -15,7 +15,8 @@ Paths::Paths(const QString &app_path)
       install_recover_log(app_path + "\\install_recover.log"), debug_log(app_path + "\\debug.log") {}
 
 Program::Program(Platform &platform_, Ui &ui_, const QString &app_path)
-    : platform(platform_), ui(ui_), files(*platform_.files), clock(*platform_.clock), paths(app_path) {}
+    : platform(platform_), ui(ui_), files(*platform_.files), clock(*platform_.clock), paths(app_path),
+      audio(std::make_unique<Audio_Library>()) {}
 
 Program::~Program() = default;
 

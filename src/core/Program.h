@@ -1,7 +1,12 @@
 #pragma once
 
+#include "audio/Audio_Library.h"
+#include "core/Glossary.h"
 #include "core/Ini_Values.h"
+#include "core/Later_Steps.h"
 #include "core/Screen.h"
+#include "core/Startup_Tables.h"
+#include "core/Timers.h"
 #include "core/mdlDB_Functions.h"
 #include "core/mdlDebug.h"
 #include "platform/Platform.h"
@@ -11,6 +16,7 @@
 #include <QStringList>
 
 #include <array>
+#include <memory>
 #include <vector>
 
 namespace vantrosk {
@@ -59,6 +65,15 @@ struct Author_Colour {
     QString colour; ///< decimal colour number
 };
 
+/// How far the start has come.
+struct Start_State {
+    int number = 1;              ///< of "debug_check.log": 1 first start of this build, 2 normal
+    QString command_line;        ///< the switches, between single blanks
+    qint64 load_began = 0;       ///< ticks of the clock
+    bool is_running = false;     ///< until the shut-down begins; long work looks at it
+    bool first_run_mode = false; ///< while the first run's questions are asked
+};
+
 /// What one running program knows. Procedures take it as their first argument; there are no other globals.
 struct Program {
     /// `app_path` is the program's folder, a Windows path without a trailing separator.
@@ -80,9 +95,19 @@ struct Program {
     Scan_Summary scan;
     Selected_Fm fm;
     std::vector<Author_Colour> authors; ///< by name
+    Game_Table game_table;
+    std::vector<Quick_Bar_Game> quick_bar_games;
+    std::vector<Glossary_Entry> glossary;
+    QStringList categories; ///< the words that a mission's category is chosen from
+    std::vector<Email_Template> email_templates;
+    std::vector<Library_Summary_Row> library_summary;
 
-    bool first_run = false;
-    QString server_base_url;
+    bool first_run = false; ///< one of the two ini files was missing
+    Start_State start;
+    Later_Steps later_steps;
+    Timers timers;
+    std::unique_ptr<Audio_Library> audio;
+    QString server_base_url, review_feed_url;
     QString VKGUID;
 
     // Process-wide state under the names that the trace console shows.

@@ -84,6 +84,30 @@ struct Readme_Tab {
     QString caption;
 };
 
+/// Where the window stands and how it is divided, in pixels; the window keeps it up to date. 0: nothing
+/// known.
+struct Window_Geometry {
+    bool is_there = false;   ///< there is a main window
+    bool is_covered = false; ///< another window is modal over it
+    bool minimised = false, maximised = false;
+    int width = 0, height = 0;      ///< in normal state
+    int list_height = 0;            ///< of the FM list above the details panel
+    std::vector<int> column_widths; ///< of the FM list, from column 0 on; empty: sized automatically
+};
+
+/// The font of the grids.
+struct List_Font {
+    QString family;
+    int size = 0; ///< points
+    bool bold = false, italic = false;
+};
+
+/// Entries of the menus that come and go.
+struct Menu_Entries {
+    bool zip_search = false, competition = false, downloads = false;
+    QString mode = "Go Full Mode"; ///< what the mode entry offers
+};
+
 /// What the main window shows. Procedures write it and tell the `Ui` what has changed.
 struct Screen {
     std::array<QString, 6> status_panels; ///< 1 to 5 in use
@@ -91,6 +115,9 @@ struct Screen {
     bool progress_visible = false;
     int progress_value = 0, progress_maximum = 1;
     QString caption;
+    Window_Geometry window;
+    List_Font list_font;
+    Menu_Entries menu;
     Fm_List list;
     Details_Panel details;
     std::vector<Readme_Tab> readme_tabs; ///< beyond the readme itself

@@ -6,11 +6,13 @@ namespace vantrosk {
 
 namespace {
 
+constexpr int light_at_rest = 1, last_light_at_work = 10; ///< pictures of the light
+
 /// The words of the light when the caller gives none.
 QString Light_words(int index) {
-    if (index <= 1)
+    if (index <= light_at_rest)
         return "READY";
-    if (index <= 10)
+    if (index <= last_light_at_work)
         return "WORKING";
     return index == 11 ? "THERE IS A PROBLEM" : "NOTIFICATION";
 }
@@ -38,6 +40,10 @@ void Set_Status_Panel(Program &program, int panel, const QString &text) {
 void Set_Status_Light(Program &program, int index, const QString &text) {
     constexpr size_t light_panel = 5;
     program.screen.status_light = index;
+    if (index <= light_at_rest)
+        program.timers.animation_runs = false;
+    else if (index <= last_light_at_work)
+        program.timers.animation_runs = true;
     program.screen.status_panels[light_panel] = text.isEmpty() ? Light_words(index) : text;
     program.ui.set_status_light(index, program.screen.status_panels[light_panel]);
 }
@@ -95,10 +101,24 @@ bool Ask_Ok_Cancel(Program &program, const QString &title, const QString &text) 
            Answer::ok;
 }
 
+bool Input_Holds(const Input_Request &request, const QString &text) {
+    return !text.isEmpty() && !text.toLower().startsWith(request.required_start.toLower());
+}
+
+QString Second_Button_Text(const Input_Request &request, const QString &text) {
+    const bool untouched = !request.default_text.isEmpty() && text == request.default_text;
+    return untouched ? QString("CLEAR") : request.second_button;
+}
+
 QString Ask_Input(Program &program, const QString &title, const QString &prompt,
                   const QString &required_start, const QString &default_text, const QString &second_button) {
-    return program.ui.ask_input({title, prompt, required_start, default_text, second_button})
-        .value_or("VKABORT");
+    Input_Request request{title, prompt, required_start, default_text, second_button};
+    while (const auto text = program.ui.ask_input(request)) {
+        if (!Input_Holds(request, *text))
+            return *text;
+        request.default_text = *text; // what was typed stands there again
+    }
+    return "VKABORT";
 }
 
 } // namespace vantrosk

@@ -5,6 +5,7 @@
 namespace vantrosk {
 
 struct Program;
+struct Input_Request;
 
 /// Status bar panel 1 or 2.
 void Set_Status_Panel(Program &program, int panel, const QString &text);
@@ -26,7 +27,12 @@ void Show_Critical(Program &program, const QString &title, const QString &text);
 /// Yes and No; No is the default and what Escape gives.
 bool Ask_Yes_No(Program &program, const QString &title, const QString &text);
 bool Ask_Ok_Cancel(Program &program, const QString &title, const QString &text);
-/// The text, or "VKABORT" when the user cancels.
+/// Whether an input dialog stays open at OK: its text is neither empty nor begins, in any case, as required.
+bool Input_Holds(const Input_Request &request, const QString &text);
+/// What the second button of an input dialog reads while `text` stands in it: "CLEAR" for the untouched
+/// default.
+QString Second_Button_Text(const Input_Request &request, const QString &text);
+/// The text, or "VKABORT" when the user cancels. Asks again while the text does not begin as required.
 QString Ask_Input(Program &program, const QString &title, const QString &prompt,
                   const QString &required_start, const QString &default_text, const QString &second_button);
 

@@ -1,10 +1,9 @@
 #include "core/mdlStartup.h"
 
 #include "core/Program.h"
-#include "core/mdlErrorHandler.h"
+#include "core/Startup_Steps.h"
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
-#include "core/mdlFunctions.h"
 
 namespace vantrosk {
 
@@ -16,81 +15,136 @@ constexpr const char *folders_that_must_exist =
     "help\\viewlets,Enhancements,Enhancements\\T1,Enhancements\\T2,Enhancements\\T3,Enhancements\\DMOD,"
     "Enhancements\\SS2,ERRORS,ERRORS\\Screenshots";
 
-constexpr qint64 largest_log = 3000000; ///< bytes; a longer one is deleted at start
-
-constexpr int first_feed_page = 2, last_feed_page = 15;
-constexpr const char *leftover_pages[] = {"Competitionform.htm", "Feedbackform.htm", "temprtf.txt",
-                                          "temprtf.htm"};
-
 /// Traces the stage that comes next and lets the user hold the start there.
 void Announce_stage(Program &program, const char *stage) {
     debug_print(program, stage);
     debug_pause(program, stage);
 }
 
-bool Make_program_folder(Program &program) {
-    const Fault fault = program.files.make_folder(program.paths.AppPath);
-    if (!fault)
-        return true;
-    Show_Critical(program, "Vantrosk", "The folder of Vantrosk can not be used: " + fault.text);
-    return false;
+void Begin_Load(Program &program) {
+    program.start.load_began = program.clock.ticks();
+    program.start.is_running = true;
+    program.timers.animation_picture = 2;
+    program.screen.busy = false;
 }
 
-void Set_Server_Base_Url(Program &program) {
-    program.server_base_url = default_server_base_url;
-    const QString line = First_line(program, program.paths.AppPath + "\\VKSite.txt");
-    if (line.startsWith(QLatin1String("HTTP://"), Qt::CaseInsensitive))
-        program.server_base_url = line;
+void Position_Game_Bar(Program &program) {
+    Run_Later_Step(program, Later_Step::position_game_bar);
 }
 
-void Delete_if_too_large(Program &program, const QString &path) {
-    const auto found = program.files.look(path);
-    if (found && !found->is_folder && found->size > largest_log)
-        (void)DeleteFileForced(program, path);
+void Read_Command_Line(Program &program) {
+    Apply_Switches(program, program.start.command_line);
+    if (debug_enabled(program))
+        Run_Later_Step(program, Later_Step::show_trace_console);
 }
 
-void Cull_Temp_Files(Program &program) {
-    debug_print(program, "STARTUP: Cull Temp Files");
-    Delete_if_too_large(program, program.paths.AppPath + "\\SQL_Log.log");
-    Delete_if_too_large(program, program.paths.debug_log);
-    debug_print(program, "STARTUP: Finished Culling Temp Files");
+void Say_Debug_Log_Starts(Program &program) {
+    debug_print(program, "Starting Debug Log");
 }
 
-void Settle_Installation_Identity(Program &program) {
-    Settings_Store &settings = *program.platform.settings;
-    program.VKGUID = settings.value("GUID", "VKGUID");
-    if (program.VKGUID.isEmpty()) {
-        program.VKGUID = CreateGUID();
-        settings.set_value("GUID", "VKGUID", program.VKGUID);
+void Set_Defaults(Program &program) {
+    Announce_stage(program, "About to set defaults");
+    Set_Display_Defaults(program);
+}
+
+void Read_Settings(Program &program) {
+    Announce_stage(program, "About to read ini");
+    Read_Ini_Files(program);
+}
+
+void Make_Folders(Program &program) {
+    Announce_stage(program, "About to create folders");
+    Create_Folders(program);
+}
+
+void Apply_Language(Program &program) {
+    Run_Later_Step(program, Later_Step::list_language_packs);
+    Run_Later_Step(program, Later_Step::apply_language);
+}
+
+void Set_Title(Program &program) {
+    Set_Caption(program, Window_Title());
+}
+
+void Tell_Load_Time(Program &program) {
+    debug_print(program, "Form Load finished");
+    debug_print(program, Seconds_Since(program, program.start.load_began) + " seconds to process");
+}
+
+/// Who takes part in a step.
+enum class Who { every_face, window };
+
+struct Load_Step {
+    bool (*run)(Program &program); ///< false ends the process
+    Who who;
+};
+
+/// A step that never ends the process.
+template<void (*work)(Program &)>
+bool Do(Program &program) {
+    work(program);
+    return true;
+}
+
+/// The load stage in its order, which others rely on: a switch works before the settings are read, the
+/// settings before the folders, the identity before the database is looked over.
+constexpr Load_Step load_steps[] = {
+    {Do<Begin_Load>, Who::every_face},
+    {Check_Audio_Library, Who::every_face},
+    {Open_database, Who::every_face},
+    {Hand_Over_To_Patch, Who::window},
+    {Do<Set_Server_Base_Url>, Who::every_face},
+    {Do<Show_Tool_Entries>, Who::window},
+    {Do<Set_Review_Feed_Url>, Who::every_face},
+    {Do<Position_Game_Bar>, Who::window},
+    {Do<Read_Command_Line>, Who::window},
+    {Do<Say_Debug_Log_Starts>, Who::every_face},
+    {Do<Set_Defaults>, Who::every_face},
+    {Do<Read_Settings>, Who::every_face},
+    {Do<Make_Folders>, Who::every_face},
+    {Do<Lay_Out_Shipped_Pages>, Who::every_face},
+    {Do<Set_List_Font>, Who::window},
+    {Do<Fill_Game_Table>, Who::every_face},
+    {Do<Read_Quick_Bar_Games>, Who::every_face},
+    {Do<Load_Glossary>, Who::every_face},
+    {Do<Fill_Categories>, Who::every_face},
+    {Do<Cull_Temp_Files>, Who::every_face},
+    {Do<Apply_Language>, Who::window},
+    {Do<Set_Title>, Who::every_face},
+    {Do<Restore_Window>, Who::window},
+    {Do<Blank_Browsers>, Who::window},
+    {Do<Settle_Installation_Identity>, Who::every_face},
+    {Do<Check_Database_Tables>, Who::every_face},
+    {Do<Load_Email_Templates>, Who::every_face},
+    {Do<Build_Lists_And_Menus>, Who::window},
+    {Do<Position_Panels>, Who::window},
+    {Do<Show_Main_Interface>, Who::window},
+    {Do<Warn_About_T3_Saves>, Who::window},
+    {Do<Run_Background_Checks>, Who::window},
+    {Do<Offer_Single_Core>, Who::window},
+    {Do<Tell_Load_Time>, Who::window},
+};
+
+bool Load(Program &program, Who who) {
+    debug_print(program, "MAIN FORM: Form initialize started");
+    if (who == Who::window)
+        program.ui.set_busy(true);
+    for (const Load_Step &step : load_steps) {
+        if ((step.who == Who::every_face || step.who == who) && !step.run(program))
+            return false;
     }
-    if (settings.value("INSTALLPATH", "ProgramRoot") != program.paths.AppPath)
-        settings.set_value("INSTALLPATH", "ProgramRoot", program.paths.AppPath);
-}
-
-/// The tables are looked over once per build and at a first start.
-void Check_Database_Tables(Program &program) {
-    With_error_box(program, "Check_Database_Tables", "Module mdlStartup", [&] {
-        const QString marker = QString("Version_Notes_") + build_number;
-        if (!FileExists(program, program.paths.main_ini) || !DB_Message_Was_Seen(program, marker))
-            DB_Upgrade_Tables(program);
-        else
-            debug_print(program, "Database Table Checks not required as already done in this version");
-    });
-}
-
-/// The feed's page is made anew from its text at the next start.
-void Delete_Feed_Leftovers(Program &program) {
-    const QString &temp = program.paths.temp;
-    if (FileExists(program, temp + "Quillmarch.rss") && FileExists(program, temp + "Quillmarch.txt"))
-        (void)DeleteFileForced(program, temp + "Quillmarch.rss");
-    for (int page = first_feed_page; page <= last_feed_page; ++page)
-        (void)DeleteFileForced(program, temp + QString("RSS_feed%1.htm").arg(page));
+    return true;
 }
 
 } // namespace
 
 QString Window_Title() {
     return QString("Vantrosk") + version_number + " - " + build_date;
+}
+
+QString Seconds_Since(const Program &program, qint64 ticks) {
+    constexpr double ticks_per_second = 1000;
+    return QString::number(static_cast<double>(program.clock.ticks() - ticks) / ticks_per_second, 'f', 2);
 }
 
 void Create_Folders(Program &program) {
@@ -102,50 +156,30 @@ void Create_Folders(Program &program) {
 }
 
 bool Start_Program(Program &program) {
-    debug_print(program, "MAIN FORM: Form initialize started");
-    if (!Make_program_folder(program))
-        return false;
-    Set_Server_Base_Url(program);
-    debug_print(program, "Starting Debug Log");
-    Announce_stage(program, "About to set defaults");
-    Set_Display_Defaults(program);
-    Announce_stage(program, "About to read ini");
-    Read_Ini_Files(program);
-    Announce_stage(program, "About to create folders");
-    Create_Folders(program);
-    Cull_Temp_Files(program);
-    Set_Caption(program, Window_Title());
-    Settle_Installation_Identity(program);
-    if (!Open_database(program))
-        return false;
-    Check_Database_Tables(program);
-    return true;
+    return Start_Process(program, [&] { return Load(program, Who::every_face); });
 }
 
-bool Show_Crash_Evidence(Program &program) {
-    const Paths &paths = program.paths;
-    if (!FileExists(program, paths.install_recover_log))
-        return false;
-    if (FileExists(program, paths.debug_log)) {
-        // One name per day of the year: a second crash on that day replaces the evidence of the first.
-        const QString kept = paths.AppPath + "\\debug_" + program.clock.now().toString("dd_MM") + ".log";
-        if (const Fault fault = program.files.move_file(paths.debug_log, kept))
-            debug_print(program, "STARTUP: debug log not kept: " + fault.text);
-    }
-    program.ui.show_notes(paths.install_recover_log);
-    return true;
+bool Load_Stage(Program &program, const QString &command_line) {
+    program.start.command_line = command_line;
+    return Load(program, Who::window);
 }
 
-void Shut_Down(Program &program) {
-    debug_print(program, "MAIN FORM: Form Unloading");
-    Flush_debug_log(program);
-    Set_Status_Panel(program, 1, "Please wait while Vantrosk cleans up");
-    debug_print(program, "STARTUP: shutting down VK");
-    Delete_Feed_Leftovers(program);
-    for (const char *page : leftover_pages)
-        (void)DeleteFileForced(program, program.paths.temp + page);
-    Set_Status_Panel(program, 1, "Clean up complete, shutting down");
-    debug_print(program, "STARTUP: VK Shutdown module complete");
+void Initialise_Stage(Program &program) {
+    const qint64 began = program.clock.ticks();
+    if (program.tweaks.ENABLE_FM_DETAILS)
+        program.screen.menu.mode = "Go Lite Mode";
+    Show_Notices_And_Start_Page(program);
+    debug_print(program,
+                QString("Warning Message Checks Took %1 seconds").arg(Seconds_Since(program, began)));
+    if (!Show_Crash_Evidence(program))
+        Show_Notes_Of_The_Start(program);
+    Run_Later_Step(program, Later_Step::focus_list);
+    Ask_First_Run_Questions(program);
+    Run_Later_Step(program, Later_Step::build_game_selection);
+    program.ui.games_changed();
+    program.screen.busy = false;
+    program.ui.set_busy(false);
+    debug_print(program, "Form Initialize finished");
 }
 
 } // namespace vantrosk
