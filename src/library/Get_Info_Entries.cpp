@@ -4,8 +4,6 @@
 
 #include <QRegularExpression>
 
-#include <set>
-
 namespace vantrosk {
 
 namespace {
@@ -35,10 +33,6 @@ struct Entry_Row {
     std::array<const char *, 6> texts; ///< upper case; unused places are null
     Entry_Rule rule;
 };
-
-void Keep(Entry_Findings &found, const Entry_View &entry) {
-    found.kept[entry.upper] = entry.number;
-}
 
 bool Is_dark_mod_list(const Entry_Findings &found) {
     return found.key == QLatin1String("DMOD");
@@ -74,7 +68,7 @@ bool Is_vkml(Entry_Findings &found, const Entry_View &entry) {
     found.vkml_readme = entry.name;
     found.text_readme.clear();
     found.rtf_readme.clear();
-    Keep(found, entry);
+    found.chosen["readme"] = entry.number;
     return true;
 }
 
@@ -108,13 +102,13 @@ bool Is_dark_mod_ini(Entry_Findings &found, const Entry_View &) {
 
 bool Is_title_image(Entry_Findings &found, const Entry_View &entry) {
     found.title_image = entry.name;
-    Keep(found, entry);
+    found.chosen["title"] = entry.number;
     return true;
 }
 
 bool Is_background_image(Entry_Findings &found, const Entry_View &entry) {
     found.background_image = entry.name;
-    Keep(found, entry);
+    found.chosen["background"] = entry.number;
     return true;
 }
 
@@ -128,9 +122,10 @@ void Take_main_frame(Entry_Findings &found, const Entry_View &entry) {
     if (!match.hasMatch())
         return;
     found.main_frames[match.captured(1).toInt()] = entry.name;
-    if (entry.upper == QLatin1String("MAIN_1.PCX"))
-        found.main_picture = entry.name;
-    Keep(found, entry);
+    if (entry.upper != QLatin1String("MAIN_1.PCX"))
+        return;
+    found.main_picture = entry.name;
+    found.chosen["menu picture"] = entry.number;
 }
 
 /// Pictures that the game's own menus use: worth showing, if the user lets the program take them.
@@ -148,7 +143,7 @@ bool Is_menu_picture(Entry_Findings &found, const Entry_View &entry) {
     if (found.map_name.isEmpty()) {
         found.map_name = entry.name;
         found.map_folder = entry.directory;
-        Keep(found, entry);
+        found.chosen["map"] = entry.number;
     }
     return true;
 }
@@ -178,17 +173,19 @@ bool Is_object(Entry_Findings &found, const Entry_View &entry) {
 bool Is_loot_list(Entry_Findings &found, const Entry_View &entry) {
     found.loot_list_folder = entry.directory;
     found.loot_list_name = entry.name;
-    Keep(found, entry);
+    found.chosen["loot list"] = entry.number;
     return true;
 }
 
-bool Is_titles_str(Entry_Findings &found, const Entry_View &) {
+bool Is_titles_str(Entry_Findings &found, const Entry_View &entry) {
     found.has_titles_str = true;
+    found.chosen["titles.str"] = entry.number;
     return true;
 }
 
-bool Is_competition(Entry_Findings &found, const Entry_View &) {
+bool Is_competition(Entry_Findings &found, const Entry_View &entry) {
     found.has_competition = true;
+    found.chosen["competition"] = entry.number;
     return true;
 }
 
@@ -240,6 +237,13 @@ void Take_language(Entry_Findings &found, const Entry_View &entry) {
 
 } // namespace
 
+std::set<int> Entry_Findings::chosen_entries() const {
+    std::set<int> numbers;
+    for (const auto &[part, number] : chosen)
+        numbers.insert(number);
+    return numbers;
+}
+
 bool Entry_Findings::has_thief3_mission() const {
     for (const QString &mission : mission_files) {
         if (mission.endsWith(QLatin1String(".IBT"), Qt::CaseInsensitive) ||
@@ -263,19 +267,22 @@ void Classify_Entry(Entry_Findings &found, int number, const QString &name, cons
 
 void Keep_one_of_each_name(Entry_Findings &found, const std::vector<QString> &names) {
     const std::set<int> images(found.readme_images.begin(), found.readme_images.end());
+    const std::set<int> chosen = found.chosen_entries();
     std::map<QString, int> of_name;
     for (size_t i = 0; i < found.selected.size(); ++i) {
         const int number = found.selected[i];
-        const bool image = images.count(number) > 0;
-        const auto chosen = found.kept.find(names[i].toUpper());
-        const bool was_chosen = !image && chosen != found.kept.end();
-        of_name[(image ? "VKIMAGES\\" : "") + names[i].toUpper()] = was_chosen ? chosen->second : number;
+        int &kept = of_name[(images.count(number) > 0 ? "VKIMAGES\\" : "") + names[i].toUpper()];
+        if (chosen.count(kept) == 0)
+            kept = number;
     }
-    std::set<int> kept;
+    std::set<int> kept_entries;
     for (const auto &[name, number] : of_name)
-        kept.insert(number);
-    std::erase_if(found.selected, [&](int number) { return kept.count(number) == 0; });
-    std::erase_if(found.readme_images, [&](int number) { return kept.count(number) == 0; });
+        kept_entries.insert(number);
+    const auto is_double = [&](int number) {
+        return kept_entries.count(number) == 0;
+    };
+    std::erase_if(found.selected, is_double);
+    std::erase_if(found.readme_images, is_double);
 }
 
 } // namespace vantrosk

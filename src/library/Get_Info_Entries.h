@@ -5,6 +5,7 @@
 
 #include <array>
 #include <map>
+#include <set>
 #include <vector>
 
 namespace vantrosk {
@@ -52,8 +53,9 @@ struct Entry_Findings {
 
     std::vector<int> selected;      ///< numbers of the entries to extract
     std::vector<int> readme_images; ///< those of them that go to the readme's picture folder
-    std::map<QString, int> kept;    ///< which entry of an upper-case name the rules chose
+    std::map<QString, int> chosen;  ///< which entry is the "readme", the "title" and so on
 
+    std::set<int> chosen_entries() const;
     bool has_thief3_mission() const; ///< an ".IBT" or ".CBT"
 };
 

@@ -47,7 +47,7 @@ bool Replaces_rtf_readme(const Entry_Findings &found, const QString &upper) {
 
 void Become_text_readme(Entry_Findings &found, const Entry_View &entry) {
     found.text_readme = entry.name;
-    found.kept[entry.upper] = entry.number;
+    found.chosen["readme"] = entry.number;
 }
 
 /// The first candidate: where it lies decides whether it is one.
@@ -79,7 +79,7 @@ bool Consider_rtf_readme(Entry_Findings &found, const Entry_View &entry) {
     found.text_readme.clear();
     if (found.vkml_readme.isEmpty() && Replaces_rtf_readme(found, entry.upper)) {
         found.rtf_readme = entry.name;
-        found.kept[entry.upper] = entry.number;
+        found.chosen["readme"] = entry.number;
     }
     return true;
 }

@@ -2,6 +2,7 @@
 #include "core/mdlFormDisplayFunctions.h"
 #include "library/Info_Run.h"
 
+#include <algorithm>
 #include <set>
 
 namespace vantrosk {
@@ -10,6 +11,7 @@ namespace {
 
 constexpr qint64 largest_entry = qint64(64) << 20;   ///< bytes of one extracted file
 constexpr qint64 most_extracted = qint64(256) << 20; ///< bytes of one selection
+constexpr int most_files = 1000;                     ///< extracted at one selection
 constexpr int progress_steps = 100;
 
 QString Stored_name(const cUnzip &zip, int number) {
@@ -45,24 +47,40 @@ void Classify_entries(Program &program, Info_Run &run, const cUnzip &zip) {
     Hide_Progress(program);
 }
 
-/// What one zip may take of the disk is bounded.
-void Leave_out_excess(Program &program, Info_Run &run, const cUnzip &zip) {
-    qint64 left = most_extracted;
+/// Readmes that were passed over are nothing that the details need.
+void Leave_out_other_readmes(Info_Run &run, const cUnzip &zip) {
+    const std::set<int> chosen = run.found.chosen_entries();
     std::erase_if(run.found.selected, [&](int number) {
+        const QString name = zip.Filename(number).toUpper();
+        const bool readme = name.endsWith(QLatin1String(".TXT")) || name.endsWith(QLatin1String(".RTF")) ||
+                            name.endsWith(QLatin1String(".VKML"));
+        return readme && chosen.count(number) == 0;
+    });
+}
+
+/// What one zip may take of the disk and of the user's time is bounded; what the rules chose comes first.
+void Leave_out_excess(Program &program, Info_Run &run, const cUnzip &zip) {
+    const std::set<int> chosen = run.found.chosen_entries();
+    std::vector<int> &selected = run.found.selected;
+    std::stable_partition(selected.begin(), selected.end(),
+                          [&](int number) { return chosen.count(number) > 0; });
+    qint64 bytes_left = most_extracted;
+    int files_left = most_files;
+    std::erase_if(selected, [&](int number) {
         const qint64 size = zip.FileSize(number);
-        if (size <= largest_entry && size <= left) {
-            left -= size;
+        if (size <= largest_entry && size <= bytes_left && files_left > 0) {
+            bytes_left -= size;
+            --files_left;
             return false;
         }
-        debug_print(program, "MAIN FORM: too large to look at: " + Stored_name(zip, number));
+        debug_print(program, "MAIN FORM: too much to look at: " + Stored_name(zip, number));
         return true;
     });
 }
 
-Fault Unzip_these(cUnzip &zip, const std::set<int> &wanted) {
+void Select_only(cUnzip &zip, const std::set<int> &wanted) {
     for (int i = 1; i <= zip.FileCount(); ++i)
         zip.FileSelected(i, wanted.count(i) > 0);
-    return zip.Unzip();
 }
 
 /// All at once; when one of them is damaged, each by itself, so that the others are not lost with it.
@@ -70,20 +88,25 @@ void Unzip_to(Program &program, cUnzip &zip, const QString &folder, const std::s
     if (wanted.empty())
         return;
     zip.UnzipFolder = folder;
-    if (!Unzip_these(zip, wanted))
+    Select_only(zip, wanted);
+    if (!zip.Unzip())
         return;
+    Select_only(zip, {});
     for (const int number : wanted) {
-        if (const Fault fault = Unzip_these(zip, {number}))
+        zip.FileSelected(number, true);
+        if (const Fault fault = zip.Unzip())
             debug_print(program, "MAIN FORM: " + fault.text);
+        zip.FileSelected(number, false);
     }
 }
 
 void Extract_selected(Program &program, Info_Run &run, cUnzip &zip) {
-    Leave_out_excess(program, run, zip);
+    Leave_out_other_readmes(run, zip);
     std::vector<QString> names;
     for (const int number : run.found.selected)
         names.push_back(zip.Filename(number));
     Keep_one_of_each_name(run.found, names);
+    Leave_out_excess(program, run, zip);
     const std::set<int> images(run.found.readme_images.begin(), run.found.readme_images.end());
     std::set<int> wanted(run.found.selected.begin(), run.found.selected.end());
     std::set<int> wanted_images;

@@ -228,6 +228,21 @@ TEST_F(Info_Zip, A_file_over_64_MiB_is_not_extracted) {
     EXPECT_EQ(details().name, "The Vault");
 }
 
+TEST_F(Info_Zip, Readmes_that_were_passed_over_are_not_extracted) {
+    examine({a_mission, {"more.txt", "x", {}}, text_readme, {"history.txt", "x", {}}});
+    EXPECT_EQ(info_files(), (QStringList{"VKIMAGES/", "readme.htm", "readme.txt"}));
+}
+
+TEST_F(Info_Zip, Of_a_flood_of_pictures_a_thousand_are_extracted_and_the_readme_before_them) {
+    std::vector<Zip_Entry> entries{a_mission};
+    for (int i = 0; i < 1500; ++i)
+        entries.push_back({"vkimages/p" + QByteArray::number(i) + ".gif", "x", {}});
+    entries.push_back(text_readme);
+    examine(entries);
+    EXPECT_EQ(details().name, "The Vault");
+    EXPECT_EQ(world.snapshot("home/info/VKIMAGES").size(), 999u);
+}
+
 TEST_F(Info_Zip, Hostile_names_and_texts_stay_text_on_the_page) {
     examine({a_mission,
              {"<img src=x onerror=alert(1)>.txt",
