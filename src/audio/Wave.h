@@ -11,10 +11,15 @@ namespace vantrosk {
 /// How far a conversion is: bytes written of the bytes expected. False stops it.
 using Wave_Progress = std::function<bool(qint64 done, qint64 total)>;
 
-/// Converts an MP3, Ogg or any other sound that libsndfile reads into a PCM wave file. Channels are those of
-/// the source; 16 bits, or 8 when the source has 8. The rate is the source's for ".OGG" and 22050 Hz for
-/// anything else. An existing target is replaced. `damaged` when the source can not be read: no target then.
-/// Paths are Windows paths.
+/// Behind the target's name: where the wave file is written before it is moved to its place. Only a killed
+/// program leaves it behind; the next conversion to that target removes it.
+inline constexpr const char *wave_temporary_suffix = ".new";
+
+/// Converts an MP3, Ogg or any other sound that libsndfile reads into a PCM wave file with a header of 44
+/// bytes. Channels are those of the source; 16 bits, or 8 when the source has 8. The rate is the source's for
+/// ".OGG" and 22050 Hz for anything else, at the same pitch. An existing target is replaced when the
+/// conversion is complete. `damaged` when the source can not be read or has no sound in it, `other` when
+/// `progress` stopped it: the target is then what it was before. Paths are Windows paths.
 Fault Convert_to_wave(Files &files, const QString &source, const QString &target,
                       const Wave_Progress &progress = {});
 

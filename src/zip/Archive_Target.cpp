@@ -34,14 +34,14 @@ zip_int64_t Archive_Target::serve(void *data, zip_uint64_t length, zip_source_cm
         return seek(data, length);
     case ZIP_SOURCE_TELL_WRITE:
         return position_;
-    case ZIP_SOURCE_STAT:
-        zip_stat_init(static_cast<zip_stat_t *>(data));
-        return sizeof(zip_stat_t);
+    case ZIP_SOURCE_STAT: // how libzip asks whether there is an archive to begin with
+        zip_error_set(&error_, ZIP_ER_READ, ENOENT);
+        return -1;
     case ZIP_SOURCE_ERROR:
         return zip_error_to_data(&error_, data, length);
     case ZIP_SOURCE_SUPPORTS:
         return ZIP_SOURCE_SUPPORTS_WRITABLE;
-    case ZIP_SOURCE_OPEN: // an archive that is only written has nothing to read
+    case ZIP_SOURCE_OPEN:
         zip_error_set(&error_, ZIP_ER_OPEN, ENOENT);
         return -1;
     case ZIP_SOURCE_COMMIT_WRITE:

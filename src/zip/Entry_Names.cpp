@@ -29,6 +29,10 @@ bool Is_separator(QChar c) {
     return c == u'/' || c == u'\\';
 }
 
+bool Is_control(char16_t c) {
+    return c < 0x20 || (c >= 0x7f && c < 0xa0);
+}
+
 /// "a//b" and "a/./b" are "a/b".
 bool Is_nothing(QStringView part) {
     return part.isEmpty() || part == u".";
@@ -80,7 +84,7 @@ bool Is_safe_name_part(QStringView part) {
     if (part.isEmpty() || part.back() == u'.' || part.back() == u' ')
         return false;
     for (const QChar c : part)
-        if (c == u':' || Is_separator(c) || c.category() == QChar::Other_Control)
+        if (c == u':' || Is_separator(c) || Is_control(c.unicode()))
             return false;
     return true;
 }
