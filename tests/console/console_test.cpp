@@ -27,11 +27,11 @@ protected:
         world.write("games/Thief2/thief2.exe", "MZ game");
         world.write("games/Thief2/convict.osm", "script");
         world.write("games/Thief2/darkhooks.dlx", "script");
-        world.write("games/Thief2/books/english/note.str", "the game's own");
+        world.write("games/Thief2/strings/note.str", "the game's own");
         world.zip("missions/frost.zip",
                   {{"miss20.mis", "map"},
                    {"strings/titles.str", "title_20: \"Frost\""},
-                   {"books/english/note.str", "the mission's"},
+                   {"strings/note.str", "the mission's"},
                    {"readme.txt", "Title : Killing Frost\r\nAuthor : Mirek Dvořák\r\nGame : Thief 2\r\n"}});
         world.write("runner.sh",
                     "#!/bin/sh\nprintf '%s\\n' \"$@\" > \"$0.arguments\"\npwd > \"$0.folder\"\n");
@@ -163,7 +163,7 @@ TEST_F(Console, Install_play_and_restore_go_the_whole_road_and_the_game_folder_i
     EXPECT_TRUE(install.json()["installed"].toBool());
     EXPECT_EQ(install.json()["status"].toString(), "FM installed");
     EXPECT_EQ(install.json()["stages"].toArray().size(), 8);
-    EXPECT_EQ(world.read("games/Thief2/books/english/note.str"), "the mission's");
+    EXPECT_EQ(world.read("games/Thief2/strings/note.str"), "the mission's");
     EXPECT_FALSE(world.exists("games/Thief2/SAVES/game0001.sav"));
 
     const Console_Run play = run({"--json", "play", "T2", "frost.zip", "--wait"});
