@@ -1,1 +1,395 @@
-// filled in by its own change
+#include "frmMain.h"
+
+#include "Demo_Library.h"
+#include "Details_Panel_View.h"
+#include "Fm_List_Panel.h"
+#include "Fm_Table.h"
+#include "Game_Toolbar.h"
+#include "Message_Boxes.h"
+#include "Qt_Ui.h"
+#include "Readme_Panel.h"
+#include "Set_Up_Game.h"
+#include "Status_Bar.h"
+#include "Window_Commands.h"
+
+#include "core/Games.h"
+#include "core/Program.h"
+#include "core/Timers.h"
+#include "core/Window_State.h"
+#include "core/mdlFile_Functions.h"
+#include "core/mdlStartup.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStyleFactory>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace vantrosk {
+
+namespace {
+
+constexpr int first_width = 1280, first_height = 800, least_width = 900, least_height = 600;
+constexpr int least_list_height = 28 + 6 * Fm_Table::row_height + 2; ///< heading and six rows
+constexpr int least_lower_height = 280;
+constexpr int details_width = 420, least_details_width = 340, least_readme_width = 300;
+constexpr int first_working_picture = 2, last_working_picture = 9;
+// Milliseconds: a turn of the light in a second, and how long the splitter rests before its place is kept.
+constexpr int light_step = 125, housekeeping_step = 1000, focus_step = 100, splitter_rest = 400;
+
+} // namespace
+
+void Apply_theme(const Theme &theme) {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setFont(theme.text);
+    QApplication::setPalette(Theme_palette(theme));
+    QApplication::setWindowIcon(Program_icon());
+    qApp->setStyleSheet(Theme_style_sheet(theme));
+}
+
+frmMain::frmMain(Program &program, Qt_Ui &ui)
+    : program_(program), ui_(ui), theme_(Make_Theme(program.tweaks)), pages_(new QStackedWidget),
+      work_area_(new QWidget) {
+    setObjectName(QStringLiteral("frmMain"));
+    Apply_theme(theme_);
+    setWindowTitle(program.screen.caption);
+    setMinimumSize(least_width, least_height);
+    resize(first_width, first_height);
+    ui_.Attach(this);
+
+    commands = new Window_Commands(program, this);
+    games = new Game_Toolbar(program, theme_, nullptr);
+    list = new Fm_List_Panel(program, theme_, nullptr);
+    details = new Details_Panel_View(program, theme_, nullptr);
+    readme = new Readme_Panel(program, theme_, nullptr);
+    empty_state = new Empty_State(program, ui, theme_, nullptr);
+    status = new Status_Bar(nullptr);
+
+    list->setMinimumHeight(least_list_height);
+    rows_ = new QSplitter(Qt::Vertical);
+    rows_->setObjectName(QStringLiteral("list_splitter"));
+    rows_->setChildrenCollapsible(false);
+    rows_->addWidget(list);
+    rows_->addWidget(Make_lower_half());
+    rows_->setStretchFactor(0, 1);
+    rows_->setStretchFactor(1, 1);
+
+    pages_->addWidget(empty_state);
+    pages_->addWidget(rows_);
+    auto *row = new QHBoxLayout(work_area_);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(games);
+    row->addWidget(pages_, 1);
+    auto *central = new QWidget;
+    auto *column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(work_area_, 1);
+    column->addWidget(status);
+    setCentralWidget(central);
+
+    Make_find_field();
+    Make_menus();
+    Connect_panels();
+    Start_timers();
+    Refresh_games();
+    Refresh_list();
+    Refresh_details();
+}
+
+frmMain::~frmMain() {
+    ui_.Attach(nullptr);
+}
+
+QWidget *frmMain::Make_side(const QString &name, const QString &caption, QWidget *panel) {
+    auto *side = new QWidget;
+    auto *bar = new QWidget;
+    bar->setObjectName(name);
+    bar->setAttribute(Qt::WA_StyledBackground);
+    auto *tabs = new QTabBar;
+    tabs->setObjectName(name + QStringLiteral("_bar"));
+    tabs->setAccessibleName(caption);
+    tabs->setToolTip(caption);
+    tabs->setDrawBase(false);
+    tabs->setExpanding(false);
+    tabs->addTab(caption);
+    auto *bar_row = new QHBoxLayout(bar);
+    bar_row->setContentsMargins(0, 0, 0, 1);
+    bar_row->addWidget(tabs);
+    bar_row->addStretch();
+    auto *column = new QVBoxLayout(side);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(bar);
+    column->addWidget(panel, 1);
+    return side;
+}
+
+QWidget *frmMain::Make_lower_half() {
+    columns_ = new QSplitter(Qt::Horizontal);
+    columns_->setObjectName(QStringLiteral("readme_splitter"));
+    columns_->setChildrenCollapsible(false);
+    columns_->setHandleWidth(1);
+    auto *left = Make_side(QStringLiteral("details_tabs"), QStringLiteral("FM Details and Play"), details);
+    auto *right = Make_side(QStringLiteral("readme_tabs"), QStringLiteral("Readme"), readme);
+    left->setMinimumWidth(least_details_width);
+    right->setMinimumWidth(least_readme_width);
+    columns_->addWidget(left);
+    columns_->addWidget(right);
+    columns_->setStretchFactor(0, 0);
+    columns_->setStretchFactor(1, 1);
+    columns_->setSizes({details_width, first_width});
+    columns_->setMinimumHeight(least_lower_height);
+    return columns_;
+}
+
+void frmMain::Make_find_field() {
+    find = new QLineEdit;
+    find->setObjectName(QStringLiteral("find_in_list"));
+    find->setAccessibleName(QStringLiteral("Find in list"));
+    find->setPlaceholderText(QStringLiteral("Find in list  Ctrl+F"));
+    find->setToolTip(
+        QStringLiteral("Shows the missions that hold these words (Ctrl+F); Escape shows all again"));
+    find->setClearButtonEnabled(true);
+    find->installEventFilter(this);
+    menuBar()->setCornerWidget(find, Qt::TopRightCorner);
+    connect(find, &QLineEdit::textChanged, list, &Fm_List_Panel::Find);
+}
+
+bool frmMain::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != find || event->type() != QEvent::KeyPress)
+        return QMainWindow::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent *>(event)->key()) {
+    case Qt::Key_Escape:
+        find->clear();
+        list->setFocusToList();
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Down:
+        list->setFocusToList();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void frmMain::Connect_panels() {
+    connect(games, &Game_Toolbar::Game_chosen, commands, &Window_Commands::Choose_game);
+    connect(games, &Game_Toolbar::Set_up_wanted, this, &frmMain::Set_up);
+    connect(games, &Game_Toolbar::Configure_chosen, this, [this] { Set_up(program_.SELECTED_GAME_TAB); });
+    connect(games, &Game_Toolbar::Help_chosen, this, &frmMain::Show_about);
+    connect(list, &Fm_List_Panel::Row_chosen, commands, &Window_Commands::Choose_row);
+    connect(list, &Fm_List_Panel::Heading_chosen, commands, &Window_Commands::Sort_by);
+    connect(list, &Fm_List_Panel::Letter_typed, commands, &Window_Commands::Jump);
+    connect(list, &Fm_List_Panel::Mission_folder_wanted, this,
+            [this] { Set_up(program_.SELECTED_GAME_TAB); });
+    connect(list, &Fm_List_Panel::Next_step_wanted, this,
+            [this] { details->next_step()->setFocus(Qt::ShortcutFocusReason); });
+    connect(list, &Fm_List_Panel::Shown_changed, this, [this] {
+        const Fm_List &all = program_.screen.list;
+        status->Show_count(list->Shown_missions(), int(all.rows.size()) - all.original_rows,
+                           !program_.SELECTED_GAME_TAB.isEmpty());
+    });
+    connect(details, &Details_Panel_View::Play_pressed, commands, &Window_Commands::Play);
+    connect(details, &Details_Panel_View::Install_pressed, commands, &Window_Commands::Install);
+    connect(readme, &Readme_Panel::Link_clicked, this,
+            [this](const QUrl &address) { ui_.Open_link(address); });
+    connect(empty_state, &Empty_State::Demo_wanted, this, &frmMain::Make_demo);
+    connect(empty_state, &Empty_State::Game_set_up, commands, &Window_Commands::Choose_game);
+    connect(commands, &Window_Commands::Working_changed, this, &frmMain::Refresh_access);
+}
+
+void frmMain::Start_timers() {
+    light_timer_.setInterval(light_step);
+    connect(&light_timer_, &QTimer::timeout, this, [this] { Animation_Tick(program_); });
+    connect(&housekeeping_timer_, &QTimer::timeout, this, [this] {
+        if (!commands->is_working())
+            Housekeeping_Tick(program_);
+    });
+    housekeeping_timer_.start(housekeeping_step);
+    connect(&focus_timer_, &QTimer::timeout, this, [this] { Focus_Tick(program_); });
+    focus_timer_.start(focus_step);
+
+    splitter_timer_.setSingleShot(true);
+    splitter_timer_.setInterval(splitter_rest);
+    connect(rows_, &QSplitter::splitterMoved, this, [this] { splitter_timer_.start(); });
+    connect(&splitter_timer_, &QTimer::timeout, this, [this] {
+        Tell_geometry();
+        Save_Status(program_, Saved_Status::splitter);
+    });
+}
+
+void frmMain::Open() {
+    const Window_Geometry kept = program_.screen.window;
+    if (kept.width > 0 && kept.height > 0)
+        resize(std::max(kept.width, least_width), std::max(kept.height, least_height));
+    list->Set_widths(kept.column_widths);
+    if (kept.maximised)
+        showMaximized();
+    else
+        show();
+    const int all = rows_->height();
+    const int wanted = kept.list_height > 0 ? kept.list_height : std::max(least_list_height, all * 2 / 5);
+    rows_->setSizes({wanted, std::max(least_lower_height, all - wanted)});
+    Tell_geometry();
+}
+
+void frmMain::Tell_geometry() {
+    Window_Geometry &window = program_.screen.window;
+    window.is_there = isVisible() && !closed_;
+    window.is_covered = QApplication::activeModalWidget() != nullptr;
+    window.minimised = isMinimized();
+    window.maximised = isMaximized();
+    if (!isMinimized() && !isMaximized()) {
+        window.width = width();
+        window.height = height();
+    }
+    window.list_height = rows_->sizes().value(0);
+    window.column_widths = list->Widths();
+}
+
+void frmMain::changeEvent(QEvent *event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        Tell_geometry();
+}
+
+void frmMain::resizeEvent(QResizeEvent *event) {
+    QMainWindow::resizeEvent(event);
+    Tell_geometry();
+}
+
+void frmMain::Show_light(int index, const QString &text) {
+    status->Show_light(index, text);
+    const bool turns = index >= first_working_picture && index <= last_working_picture;
+    if (!turns)
+        light_timer_.stop();
+    else if (!light_timer_.isActive())
+        light_timer_.start();
+}
+
+void frmMain::Refresh_games() {
+    games->Refresh();
+    pages_->setCurrentIndex(Any_game_is_set_up(program_) ? 1 : 0);
+    find->setVisible(!shows_empty_state());
+    if (!games_menu_)
+        return;
+    for (QAction *action : games_menu_->actions())
+        if (!action->data().isNull())
+            action->setEnabled(Game_is_set_up(program_, action->data().toString()));
+    Refresh_access();
+}
+
+bool frmMain::shows_empty_state() const {
+    return pages_->currentIndex() == 0;
+}
+
+void frmMain::Refresh_list() {
+    games->Refresh();
+    list->Refresh();
+    for (QAction *action : sort_menu_->actions()) {
+        const QString heading = program_.screen.list.headings[action->data().toInt()];
+        action->setText(heading.startsWith(u'>') || heading.startsWith(u'<') ? heading.mid(2) : heading);
+        action->setVisible(!heading.isEmpty());
+    }
+    sort_menu_->setEnabled(!program_.screen.list.rows.empty());
+}
+
+void frmMain::Refresh_details() {
+    details->Refresh();
+    Refresh_access();
+}
+
+void frmMain::Set_busy(bool busy) {
+    told_busy_ = busy;
+    Refresh_access();
+}
+
+/// While a procedure works nothing takes clicks, but all of it repaints; afterwards the keys go where they
+/// went.
+void frmMain::Refresh_access() {
+    const bool free = !told_busy_ && !commands->is_working();
+    if (work_area_->isEnabled() && !free) {
+        focus_before_work_ = focusWidget();
+        setCursor(Qt::BusyCursor);
+    }
+    const bool freed = free && !work_area_->isEnabled();
+    work_area_->setEnabled(free);
+    menuBar()->setEnabled(free);
+    if (freed) {
+        unsetCursor();
+        if (focus_before_work_ && focus_before_work_->isEnabled())
+            focus_before_work_->setFocus(Qt::OtherFocusReason);
+    }
+    play_action_->setEnabled(free && details->play()->isEnabled());
+    install_action_->setEnabled(free && details->install()->isEnabled());
+    scan_action_->setEnabled(free && !program_.SELECTED_GAME_TAB.isEmpty());
+    if (freed && close_wanted_)
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
+void frmMain::Find_here() {
+    if (readme->isAncestorOf(QApplication::focusWidget()))
+        return readme->Open_find();
+    find->setFocus(Qt::ShortcutFocusReason);
+    find->selectAll();
+}
+
+void frmMain::Move_splitter(int by) {
+    const QList<int> sizes = rows_->sizes();
+    rows_->setSizes({sizes[0] + by, sizes[1] - by});
+    splitter_timer_.start();
+}
+
+void frmMain::Set_up(const QString &code) {
+    if (shows_empty_state()) {
+        empty_state->set_up()->Choose_game(code);
+        empty_state->set_up()->setFocus();
+        return;
+    }
+    Set_Up_Dialog dialog(program_, ui_, code, this);
+    if (dialog.exec() == QDialog::Accepted)
+        commands->Choose_game(dialog.game());
+}
+
+void frmMain::Make_demo() {
+    commands->Run(QStringLiteral("Make_demo_library"), [this] { Make_demo_library(program_); });
+}
+
+void frmMain::Show_notes(const QString &path) {
+    Notes_Window notes(QStringLiteral("Notes"), Read_text_lines(program_, path).join(u'\n'), this);
+    notes.exec();
+    Notes_Closed(program_, path);
+}
+
+/// A window that is closed over its work closes once the work is done: an install is never left in the
+/// middle.
+void frmMain::closeEvent(QCloseEvent *event) {
+    if (closed_)
+        return event->accept();
+    if (told_busy_ || commands->is_working()) {
+        close_wanted_ = true;
+        event->ignore();
+        return;
+    }
+    commands->Run(QStringLiteral("Form_Unload"), [this] {
+        commands->Finish_play();
+        Tell_geometry();
+        Shut_Down(program_);
+    });
+    closed_ = true;
+    event->accept();
+    Q_EMIT Closed();
+}
+
+} // namespace vantrosk

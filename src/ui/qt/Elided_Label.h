@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QLabel>
+
+namespace vantrosk {
+
+/// One line of plain text that ends in "…" where the room ends; its tip then tells the whole.
+class Elided_Label : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit Elided_Label(QWidget *parent = nullptr);
+
+    void Set_text(const QString &text);
+    const QString &whole_text() const { return text_; }
+
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void Fit();
+
+    QString text_;
+};
+
+} // namespace vantrosk

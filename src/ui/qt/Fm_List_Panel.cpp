@@ -1,0 +1,287 @@
+#include "Fm_List_Panel.h"
+
+#include "Fm_List_Delegate.h"
+#include "Fm_List_Model.h"
+#include "Fm_Table.h"
+
+#include "core/Games.h"
+#include "core/Program.h"
+#include "core/Window_State.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <numeric>
+
+namespace vantrosk {
+
+namespace {
+
+/// How a column shares the room: what it needs at least, what it likes, and its part of what is left.
+struct Column_Room {
+    int least, likes, share;
+};
+
+constexpr std::array<Column_Room, column_count> column_rooms{{
+    {0, 0, 0},     // the empty fixed column
+    {132, 230, 5}, // FM Name
+    {84, 140, 2},  // Zip
+    {76, 110, 2},  // Author
+    {68, 76, 0},   // Size
+    {58, 92, 0},   // Score
+    {74, 92, 0},   // Grp Score
+    {84, 88, 0},   // Last Played
+    {58, 90, 3},   // Review
+    {66, 76, 0},   // Finished
+    {54, 58, 0},   // Game
+    {54, 56, 0},   // Ready
+    {72, 82, 0},   // Zip Date
+    {76, 150, 2},  // Category
+}};
+
+/// Holding an arrow key runs through the list; the row where it comes to rest is the one that is examined.
+constexpr int rest_of_keys = 160; ///< milliseconds
+constexpr int narrowest_column = 16;
+
+} // namespace
+
+Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *parent)
+    : QWidget(parent), program_(program), model_(new Fm_List_Model(program, this)),
+      find_(new Fm_List_Find(program, this)), table_(new Fm_Table(this)), widths_(column_count, 0) {
+    setObjectName(QStringLiteral("fm_list_panel"));
+    find_->setSourceModel(model_);
+    table_->setModel(find_);
+    table_->setItemDelegate(new Fm_List_Delegate(theme, this));
+    table_->setFont(theme.list);
+    table_->setAccessibleName(QStringLiteral("Missions"));
+    table_->setToolTip(
+        QStringLiteral("Missions of the chosen game. Arrow keys select, letters jump, Enter goes "
+                       "to Play or Install"));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(table_);
+
+    empty_ = new QWidget(table_->viewport());
+    empty_->setObjectName(QStringLiteral("list_empty"));
+    empty_text_ = new QLabel;
+    empty_text_->setProperty("kind", QStringLiteral("second"));
+    empty_text_->setTextFormat(Qt::PlainText);
+    empty_text_->setAlignment(Qt::AlignCenter);
+    empty_text_->setWordWrap(true);
+    empty_button_ = new QPushButton(QStringLiteral("Choose the &mission folder…"));
+    empty_button_->setObjectName(QStringLiteral("list_choose_missions"));
+    empty_button_->setAccessibleName(QStringLiteral("Choose the mission folder"));
+    empty_button_->setToolTip(QStringLiteral("Names the folder that holds the mission zips of this game"));
+    auto *empty_column = new QVBoxLayout(empty_);
+    empty_column->addStretch();
+    empty_column->addWidget(empty_text_);
+    empty_column->addSpacing(8);
+    empty_column->addWidget(empty_button_, 0, Qt::AlignHCenter);
+    empty_column->addStretch();
+
+    choice_timer_.setSingleShot(true);
+    connect(&choice_timer_, &QTimer::timeout, this, &Fm_List_Panel::Send_choice);
+    connect(table_, &Fm_Table::Letter_typed, this, &Fm_List_Panel::Letter_typed);
+    connect(table_, &Fm_Table::Enter_pressed, this, &Fm_List_Panel::Next_step_wanted);
+    connect(table_, &Fm_Table::Resized, this, &Fm_List_Panel::Fit_columns);
+    connect(table_, &QTableView::clicked, this, [this] { Choose_current(0); });
+    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &Fm_List_Panel::Heading_chosen);
+    connect(table_->horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int section, int, int width) { Remember_width(section, width); });
+    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex &current) { Follow_current(current); });
+    connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this] { program_.screen.list.top_row = table_->Top_row(); });
+    connect(empty_button_, &QPushButton::clicked, this, &Fm_List_Panel::Mission_folder_wanted);
+    table_->viewport()->installEventFilter(this);
+    Apply_tweaks();
+    Refresh_empty_state();
+}
+
+bool Fm_List_Panel::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == table_->viewport() && event->type() == QEvent::Resize)
+        Refresh_empty_state();
+    return QWidget::eventFilter(watched, event);
+}
+
+void Fm_List_Panel::Refresh() {
+    const QScopedValueRollback following(following_, true);
+    model_->Refresh();
+    table_->Set_frozen_rows(std::min(program_.screen.list.original_rows, model_->rowCount()));
+    Refresh_current_row();
+    Refresh_empty_state();
+    Q_EMIT Shown_changed();
+}
+
+void Fm_List_Panel::Refresh_row(int row) {
+    model_->Refresh_row(row);
+}
+
+QModelIndex Fm_List_Panel::Shown_index(int row, int column) const {
+    return find_->mapFromSource(model_->index(row, column));
+}
+
+void Fm_List_Panel::Refresh_current_row() {
+    const QScopedValueRollback following(following_, true);
+    const Fm_List &list = program_.screen.list;
+    const int column = std::max<int>(col_name, list.selected_column);
+    const QModelIndex current = Shown_index(list.current_row, column);
+    if (!current.isValid()) {
+        table_->clearSelection();
+        table_->setCurrentIndex({});
+        return;
+    }
+    table_->selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect |
+                                                           QItemSelectionModel::Rows);
+    if (!table_->Row_is_visible(current.row())) {
+        const QModelIndex top = Shown_index(std::max(0, list.top_row), column);
+        if (top.isValid())
+            table_->Set_top_row(top.row());
+        table_->scrollTo(current);
+    }
+    table_->viewport()->update();
+}
+
+void Fm_List_Panel::Show_rows(bool visible) {
+    table_->setUpdatesEnabled(visible);
+}
+
+void Fm_List_Panel::Find(const QString &text) {
+    {
+        const QScopedValueRollback following(following_, true);
+        find_->Set_wanted(text);
+        Refresh_current_row();
+    }
+    Refresh_empty_state();
+    Q_EMIT Shown_changed();
+}
+
+int Fm_List_Panel::Shown_missions() const {
+    return std::max(0, find_->rowCount() - table_->frozen_rows());
+}
+
+void Fm_List_Panel::Select_row(int row) {
+    const QModelIndex index = Shown_index(row, std::max<int>(col_name, program_.screen.list.selected_column));
+    if (!index.isValid())
+        return;
+    table_->setCurrentIndex(index);
+    Choose_current(0);
+}
+
+void Fm_List_Panel::setFocusToList() {
+    table_->setFocus(Qt::OtherFocusReason);
+}
+
+/// A mouse click tells of itself; a row reached by the keys counts once the keys rest.
+void Fm_List_Panel::Follow_current(const QModelIndex &current) {
+    if (!following_ && current.isValid())
+        Choose_current(rest_of_keys);
+}
+
+void Fm_List_Panel::Choose_current(int delay) {
+    choice_timer_.start(delay);
+}
+
+void Fm_List_Panel::Send_choice() {
+    const QModelIndex current = find_->mapToSource(table_->currentIndex());
+    if (current.isValid())
+        Q_EMIT Row_chosen(current.row(), current.column());
+}
+
+bool Fm_List_Panel::Column_is_on(int column) const {
+    return column > 0 && Column_Is_Shown(program_, column);
+}
+
+void Fm_List_Panel::Apply_tweaks() {
+    for (int column = 0; column < column_count; ++column)
+        table_->setColumnHidden(column, !Column_is_on(column));
+    Fit_columns();
+}
+
+std::vector<int> Fm_List_Panel::Widths() const {
+    return widths_are_the_users_ ? widths_ : std::vector<int>();
+}
+
+/// A width that was stored for a column that was switched off then is none: the column gets what it likes.
+void Fm_List_Panel::Set_widths(const std::vector<int> &widths) {
+    widths_are_the_users_ = widths.size() == column_count;
+    for (int column = 1; widths_are_the_users_ && column < column_count; ++column)
+        widths_[column] = widths[column] > 0 ? widths[column] : column_rooms[column].likes;
+    Fit_columns();
+}
+
+void Fm_List_Panel::Remember_width(int column, int width) {
+    if (fitting_ || width <= 0)
+        return;
+    widths_[column] = width;
+    widths_are_the_users_ = true;
+}
+
+/// The user's own widths stand once there are any; only the names then take up what a resize gives or takes.
+void Fm_List_Panel::Fit_columns() {
+    const QScopedValueRollback fitting(fitting_, true);
+    const int room = table_->viewport()->width();
+    if (!widths_are_the_users_)
+        Share_room(program_.tweaks.AUTORESIZE_COLUMNS ? room : 0);
+    else if (program_.tweaks.AUTORESIZE_COLUMNS)
+        Fill_with_name(room);
+    for (int column = 1; column < column_count; ++column)
+        if (Column_is_on(column))
+            table_->setColumnWidth(column, std::max(widths_[column], narrowest_column));
+}
+
+/// Gives every column what it needs, then what it likes, then its share of the rest. No room at all stands
+/// for as much as they like.
+void Fm_List_Panel::Share_room(int room) {
+    int least = 0, likes = 0, shares = 0;
+    for (int column = 1; column < column_count; ++column) {
+        if (!Column_is_on(column))
+            continue;
+        least += column_rooms[column].least;
+        likes += column_rooms[column].likes;
+        shares += column_rooms[column].share;
+    }
+    const int wanted = room > 0 ? room : likes;
+    const double wish = std::clamp((wanted - least) / double(likes - least), 0.0, 1.0);
+    const int rest = std::max(0, wanted - likes);
+    for (int column = 1; column < column_count; ++column) {
+        const Column_Room &own = column_rooms[column];
+        widths_[column] = own.least + int((own.likes - own.least) * wish) + rest * own.share / shares;
+    }
+    if (wanted >= least)
+        Fill_with_name(wanted);
+}
+
+void Fm_List_Panel::Fill_with_name(int room) {
+    int others = 0;
+    for (int column = col_name + 1; column < column_count; ++column)
+        others += Column_is_on(column) ? widths_[column] : 0;
+    widths_[col_name] = std::max(column_rooms[col_name].least, room - others);
+}
+
+void Fm_List_Panel::Refresh_empty_state() {
+    const bool nothing_listed = model_->rowCount() <= program_.screen.list.original_rows;
+    const bool nothing_found = !nothing_listed && Shown_missions() == 0;
+    const Game *game = Find_Game(program_.SELECTED_GAME_TAB);
+    if (nothing_found)
+        empty_text_->setText(QStringLiteral("No mission in this list holds “%1”. Escape in the search field "
+                                            "shows all again.")
+                                 .arg(find_->wanted().join(u' ')));
+    else if (game)
+        empty_text_->setText(QStringLiteral("No missions for %1 were found in its mission folders.")
+                                 .arg(QLatin1String(game->short_name)));
+    else
+        empty_text_->setText(QStringLiteral("Choose a game on the left to see its missions."));
+    empty_button_->setVisible(nothing_listed && game);
+    const int top = table_->frozen_rows() * Fm_Table::row_height;
+    empty_->setGeometry(0, top, table_->viewport()->width(), std::max(0, table_->viewport()->height() - top));
+    empty_->setVisible(nothing_listed || nothing_found);
+}
+
+} // namespace vantrosk

@@ -1,0 +1,123 @@
+#include "Details_Panel_View.h"
+#include "Fm_List_Panel.h"
+#include "Game_Toolbar.h"
+#include "Readme_Panel.h"
+#include "Window_Commands.h"
+#include "frmMain.h"
+
+#include "core/Games.h"
+#include "core/Program.h"
+#include "core/mdlStartup.h"
+
+#include <QMenuBar>
+#include <QMessageBox>
+
+namespace vantrosk {
+
+namespace {
+
+constexpr int splitter_step = 50;
+
+} // namespace
+
+QAction *frmMain::Add_action(QMenu *menu, const QString &text, const QString &keys, const QString &tip,
+                             const std::function<void()> &work) {
+    auto *action = menu->addAction(text);
+    action->setObjectName(QStringLiteral("action_") +
+                          QString(text).remove(u'&').remove(u'…').replace(u' ', u'_'));
+    if (!keys.isEmpty())
+        action->setShortcut(QKeySequence(keys));
+    action->setToolTip(tip);
+    action->setStatusTip(tip);
+    connect(action, &QAction::triggered, this, work);
+    return action;
+}
+
+void frmMain::Make_menus() {
+    menuBar()->setObjectName(QStringLiteral("menu_bar"));
+    menuBar()->setAccessibleName(QStringLiteral("Menu"));
+    menuBar()->setNativeMenuBar(false);
+    Make_file_menu();
+    Make_view_menu();
+    Make_games_menu();
+    Make_help_menu();
+}
+
+void frmMain::Make_file_menu() {
+    QMenu *menu = menuBar()->addMenu(QStringLiteral("&File"));
+    play_action_ = Add_action(menu, QStringLiteral("&Play"), QStringLiteral("Ctrl+P"),
+                              QStringLiteral("Starts the game"), [this] { commands->Play(); });
+    install_action_ = Add_action(menu, QStringLiteral("&Install"), QStringLiteral("Ctrl+I"),
+                                 QStringLiteral("Puts the mission into the game's folder"),
+                                 [this] { commands->Install(); });
+    menu->addSeparator();
+    Add_action(menu, QStringLiteral("&Set up a game…"), QStringLiteral("Ctrl+G"),
+               QStringLiteral("Names the folders of a game and of its missions"),
+               [this] { Set_up(program_.SELECTED_GAME_TAB); });
+    menu->addSeparator();
+    Add_action(menu, QStringLiteral("E&xit"), QStringLiteral("Ctrl+Q"), QStringLiteral("Ends Vantrosk"),
+               [this] { close(); });
+}
+
+void frmMain::Make_view_menu() {
+    QMenu *menu = menuBar()->addMenu(QStringLiteral("&View"));
+    Add_action(menu, QStringLiteral("&Find"), QStringLiteral("Ctrl+F"),
+               QStringLiteral("Finds in the list, or in the readme while one reads there"),
+               [this] { Find_here(); });
+    sort_menu_ = menu->addMenu(QStringLiteral("&Sort by"));
+    for (int column = col_name; column < column_count; ++column) {
+        auto *action = sort_menu_->addAction(QString());
+        action->setData(column);
+        connect(action, &QAction::triggered, this, [this, column] { commands->Sort_by(column); });
+    }
+    menu->addSeparator();
+    Add_action(menu, QStringLiteral("Go to the &list"), QStringLiteral("F6"),
+               QStringLiteral("The keys go to the mission list"), [this] { list->setFocusToList(); });
+    Add_action(menu, QStringLiteral("Go to the &readme"), QStringLiteral("F7"),
+               QStringLiteral("The keys go to the readme"), [this] { readme->Take_focus(); });
+    menu->addSeparator();
+    Add_action(menu, QStringLiteral("&Taller list"), QStringLiteral("Ctrl+Shift+Down"),
+               QStringLiteral("More room for the list"), [this] { Move_splitter(splitter_step); });
+    Add_action(menu, QStringLiteral("Lo&wer list"), QStringLiteral("Ctrl+Shift+Up"),
+               QStringLiteral("More room below the list"), [this] { Move_splitter(-splitter_step); });
+}
+
+void frmMain::Make_games_menu() {
+    games_menu_ = menuBar()->addMenu(QStringLiteral("&Games"));
+    int number = 0;
+    for (const Game &game : Games()) {
+        const QString code = QLatin1String(game.code);
+        ++number;
+        QAction *action = Add_action(
+            games_menu_, QStringLiteral("&%1  %2").arg(number).arg(QLatin1String(game.name)),
+            QStringLiteral("Ctrl+%1").arg(number), QStringLiteral("Lists the missions of this game"),
+            [this, code] { commands->Choose_game(code); });
+        action->setData(code);
+    }
+    games_menu_->addSeparator();
+    scan_action_ = Add_action(games_menu_, QStringLiteral("&Scan again"), QStringLiteral("F5"),
+                              QStringLiteral("Looks through the mission folders anew"),
+                              [this] { commands->Scan_again(); });
+}
+
+void frmMain::Make_help_menu() {
+    QMenu *menu = menuBar()->addMenu(QStringLiteral("&Help"));
+    Add_action(menu, QStringLiteral("&About Vantrosk"), QStringLiteral("F1"),
+               QStringLiteral("What Vantrosk is and which keys it knows"), [this] { Show_about(); });
+}
+
+void frmMain::Show_about() {
+    QMessageBox box(this);
+    box.setObjectName(QStringLiteral("about"));
+    box.setWindowTitle(QStringLiteral("About Vantrosk"));
+    box.setIconPixmap(Program_icon().pixmap(QSize(64, 64), devicePixelRatioF()));
+    box.setText(QStringLiteral("<b>Vantrosk %1</b>").arg(QLatin1String(version_number)));
+    box.setInformativeText(QStringLiteral(
+        "Lists, shows, installs and plays the missions that players made for their games.<br><br>"
+        "<b>Keys</b><br>Ctrl+1 to Ctrl+8: a game · arrows and letters: a mission<br>"
+        "Enter: on to Play or Install · Ctrl+I: install · Ctrl+P: play<br>"
+        "Ctrl+F: find · F6: list · F7: readme · F5: scan again"));
+    box.exec();
+}
+
+} // namespace vantrosk

@@ -1,0 +1,109 @@
+#include "Mission_Picture.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+#include <QLinearGradient>
+#include <QMovie>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace vantrosk {
+
+namespace {
+
+constexpr int picture_width = 130, picture_height = 98, corner = 4;
+constexpr int frame_time = 150; ///< milliseconds
+constexpr qint64 largest_file = 32 * 1024 * 1024;
+constexpr int widest = 8192;
+constexpr QRgb night_top = 0xff161b2c, night_middle = 0xff24305c, night_bottom = 0xff5e4a33;
+
+/// The picture at no more than twice the size it is shown at: enough for dense screens, little in memory.
+QPixmap Read_picture(const QString &path) {
+    if (path.isEmpty() || QFileInfo(path).size() > largest_file)
+        return {};
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.width() > widest || size.height() > widest)
+        return {};
+    const QSize wanted = size.scaled(2 * picture_width, 2 * picture_height, Qt::KeepAspectRatio);
+    if (size.isValid() && (size.width() > wanted.width() || size.height() > wanted.height()))
+        reader.setScaledSize(wanted.expandedTo({1, 1}));
+    return QPixmap::fromImage(reader.read());
+}
+
+} // namespace
+
+Mission_Picture::Mission_Picture(const Theme &theme, QWidget *parent) : QWidget(parent), theme_(theme) {
+    setObjectName(QStringLiteral("mission_picture"));
+    setAccessibleName(QStringLiteral("Title picture of the mission"));
+    setFixedSize(picture_width, picture_height);
+    frame_timer_.setInterval(frame_time);
+    connect(&frame_timer_, &QTimer::timeout, this, [this] {
+        frame_ = (frame_ + 1) % frames_.size();
+        picture_ = frames_[frame_];
+        update();
+    });
+}
+
+Mission_Picture::~Mission_Picture() = default;
+
+void Mission_Picture::Stop() {
+    frame_timer_.stop();
+    frames_.clear();
+    movie_.reset();
+    picture_ = {};
+}
+
+void Mission_Picture::Show_picture(const QString &path, bool moving) {
+    Stop();
+    picture_ = Read_picture(path);
+    if (moving && has_picture() && path.endsWith(QLatin1String(".gif"), Qt::CaseInsensitive)) {
+        movie_ = std::make_unique<QMovie>(path);
+        connect(movie_.get(), &QMovie::frameChanged, this, [this] {
+            picture_ = movie_->currentPixmap();
+            update();
+        });
+        movie_->start();
+    }
+    update();
+}
+
+void Mission_Picture::Show_frames(const QStringList &paths) {
+    Stop();
+    for (const QString &path : paths)
+        if (const QPixmap frame = Read_picture(path); !frame.isNull())
+            frames_.push_back(frame);
+    frame_ = 0;
+    if (!frames_.empty())
+        picture_ = frames_.front();
+    if (frames_.size() > 1)
+        frame_timer_.start();
+    update();
+}
+
+void Mission_Picture::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    QPainterPath outline;
+    outline.addRoundedRect(rect(), corner, corner);
+    painter.setClipPath(outline);
+    if (has_picture()) {
+        painter.fillRect(rect(), QColor(night_top));
+        const QSizeF size = QSizeF(picture_.size()).scaled(QSizeF(rect().size()), Qt::KeepAspectRatio);
+        const QPointF at((width() - size.width()) / 2, (height() - size.height()) / 2);
+        painter.drawPixmap(QRectF(at, size), picture_, QRectF(picture_.rect()));
+        return;
+    }
+    QLinearGradient night(rect().topLeft(), rect().bottomRight());
+    night.setColorAt(0, QColor(night_top));
+    night.setColorAt(0.55, QColor(night_middle));
+    night.setColorAt(1, QColor(night_bottom));
+    painter.fillRect(rect(), night);
+    const QRect middle(width() / 2 - 20, height() / 2 - 20, 40, 40);
+    painter.setOpacity(0.35);
+    Line_icon(QStringLiteral("mission"), Qt::white).paint(&painter, middle);
+}
+
+} // namespace vantrosk

@@ -1,0 +1,166 @@
+#include "Qt_Ui.h"
+
+#include "Details_Panel_View.h"
+#include "Fm_List_Panel.h"
+#include "Game_Toolbar.h"
+#include "Message_Boxes.h"
+#include "Readme_Panel.h"
+#include "Status_Bar.h"
+#include "frmMain.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QUrl>
+
+#include <cstdio>
+
+namespace vantrosk {
+
+namespace {
+
+template<typename Value>
+std::optional<Value> Take_first(std::deque<Value> &queue) {
+    if (queue.empty())
+        return std::nullopt;
+    const Value first = queue.front();
+    queue.pop_front();
+    return first;
+}
+
+Answer Scripted_answer(Window_Script &script, const Box &box) {
+    script.boxes.push_back(box);
+    if (box.buttons == Buttons::ok)
+        return Answer::ok;
+    if (const auto answer = Take_first(script.answers))
+        return *answer;
+    if (!script.agrees)
+        return box.default_answer;
+    return box.buttons == Buttons::yes_no ? Answer::yes : Answer::ok;
+}
+
+} // namespace
+
+void Qt_Ui::Attach(frmMain *window) {
+    window_ = window;
+    if (window_)
+        window_->Set_busy(busy_);
+}
+
+QString Qt_Ui::Choose_folder(const QString &title, const QString &start) {
+    if (script)
+        return Take_first(script->folders).value_or(QString());
+    return QFileDialog::getExistingDirectory(window_, title, start);
+}
+
+void Qt_Ui::Open_link(const QUrl &address) {
+    if (script)
+        script->links << address.toString();
+    else
+        QDesktopServices::openUrl(address);
+}
+
+Answer Qt_Ui::show_box(const Box &box) {
+    if (script) {
+        const Answer answer = Scripted_answer(*script, box);
+        if (script->on_box)
+            script->on_box(box, answer);
+        return answer;
+    }
+    const auto shown = Make_box(box, window_);
+    return Answer_of(*shown, shown->exec());
+}
+
+std::optional<QString> Qt_Ui::ask_input(const Input_Request &request) {
+    if (script) {
+        script->asked.push_back(request);
+        return Take_first(script->inputs);
+    }
+    Input_Dialog dialog(request, window_);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.text();
+}
+
+void Qt_Ui::set_status_panel(int panel, const QString &text) {
+    if (window_)
+        window_->status->Show_panel(panel, text);
+}
+
+void Qt_Ui::set_status_light(int index, const QString &text) {
+    if (window_)
+        window_->Show_light(index, text);
+}
+
+void Qt_Ui::set_progress(bool visible, int value, int maximum) {
+    if (window_)
+        window_->status->Show_progress(visible, value, maximum);
+}
+
+void Qt_Ui::set_caption(const QString &text) {
+    if (window_)
+        window_->setWindowTitle(text);
+}
+
+void Qt_Ui::set_busy(bool busy) {
+    busy_ = busy;
+    if (window_)
+        window_->Set_busy(busy);
+}
+
+void Qt_Ui::games_changed() {
+    if (window_)
+        window_->Refresh_games();
+}
+
+void Qt_Ui::list_changed() {
+    if (window_)
+        window_->Refresh_list();
+}
+
+void Qt_Ui::list_row_changed(int row) {
+    if (window_)
+        window_->list->Refresh_row(row);
+}
+
+void Qt_Ui::list_current_row_changed() {
+    if (window_)
+        window_->list->Refresh_current_row();
+}
+
+void Qt_Ui::list_visible(bool visible) {
+    if (window_)
+        window_->list->Show_rows(visible);
+}
+
+void Qt_Ui::details_changed() {
+    if (window_)
+        window_->Refresh_details();
+}
+
+void Qt_Ui::readme_tabs_changed() {
+    if (window_)
+        window_->readme->Refresh_tabs();
+}
+
+void Qt_Ui::navigate(Browser browser, const QString &page) {
+    if (window_ && browser == Browser::readme)
+        window_->readme->Show_page(page);
+}
+
+void Qt_Ui::show_notes(const QString &path) {
+    if (script)
+        script->notes << path;
+    else if (window_)
+        window_->Show_notes(path);
+}
+
+void Qt_Ui::pump_events() {
+    QCoreApplication::processEvents();
+}
+
+void Qt_Ui::trace_line(const QString &text) {
+    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+}
+
+} // namespace vantrosk

@@ -1,0 +1,91 @@
+#include "Window_Commands.h"
+
+#include "core/Program.h"
+#include "core/mdlErrorHandler.h"
+#include "core/mdlFormDisplayFunctions.h"
+#include "install/Do_Install.h"
+#include "library/Fm_List_View.h"
+#include "library/Get_archives.h"
+
+namespace vantrosk {
+
+namespace {
+
+/// Games read what was swapped for them in their first seconds.
+constexpr int time_until_put_back = 10000; ///< milliseconds
+constexpr int light_problem = 11;
+const QString form_name = QStringLiteral("Form frmMain");
+
+} // namespace
+
+Window_Commands::Window_Commands(Program &program, QObject *parent) : QObject(parent), program_(program) {
+    after_play_.setSingleShot(true);
+    after_play_.setInterval(time_until_put_back);
+    connect(&after_play_, &QTimer::timeout, this, [this] {
+        if (!Run(QStringLiteral("Timer3_Timer"), [this] { After_Play(program_); }))
+            after_play_.start();
+    });
+}
+
+Window_Commands::~Window_Commands() = default;
+
+bool Window_Commands::Run(const QString &procedure, const std::function<void()> &work) {
+    if (working_)
+        return false;
+    working_ = true;
+    Q_EMIT Working_changed(true);
+    With_error_box(program_, procedure, form_name, work);
+    working_ = false;
+    Q_EMIT Working_changed(false);
+    return true;
+}
+
+void Window_Commands::Choose_game(const QString &code) {
+    Run(QStringLiteral("Get_archives"), [this, &code] { Get_archives_of_game(program_, code); });
+}
+
+void Window_Commands::Scan_again() {
+    if (!program_.SELECTED_GAME_TAB.isEmpty())
+        Choose_game(program_.SELECTED_GAME_TAB);
+}
+
+void Window_Commands::Choose_row(int row, int column) {
+    Run(QStringLiteral("MSFlexGrid1_Click"), [this, row, column] { Row_Click(program_, row, column); });
+}
+
+void Window_Commands::Sort_by(int column) {
+    Run(QStringLiteral("MSFlexGrid1_Sort"), [this, column] { Heading_Click(program_, column); });
+}
+
+void Window_Commands::Jump(QChar letter) {
+    Run(QStringLiteral("MSFlexGrid1_KeyPress"), [this, letter] { Key_Press(program_, letter); });
+}
+
+void Window_Commands::Play() {
+    Run(QStringLiteral("cmdPlay_Click"), [this] {
+        Finish_play();
+        last_play_ = {};
+        last_play_ = Play_Command(program_);
+        after_play_.start();
+        if (last_play_.refusal.isEmpty())
+            return;
+        Set_Status_Panel(program_, 1, last_play_.refusal);
+        Set_Status_Light(program_, light_problem);
+    });
+}
+
+void Window_Commands::Install() {
+    Run(QStringLiteral("cmdInstall_Click"), [this] {
+        Finish_play();
+        Install_Command(program_);
+    });
+}
+
+void Window_Commands::Finish_play() {
+    if (!after_play_.isActive())
+        return;
+    after_play_.stop();
+    After_Play(program_);
+}
+
+} // namespace vantrosk

@@ -1,0 +1,117 @@
+#include "Window_Main.h"
+
+#include "Demo_Library.h"
+#include "Demo_Tour.h"
+#include "Fm_List_Panel.h"
+#include "Game_Toolbar.h"
+#include "Qt_Ui.h"
+#include "Window_Commands.h"
+#include "frmMain.h"
+
+#include "core/Program.h"
+#include "core/mdlStartup.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+static void Load_window_resources() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace vantrosk {
+
+namespace {
+
+/// What [AUTOSTART_IN] holds, as the tweaks name the games.
+struct Autostart_Name {
+    const char *name;
+    const char *code;
+};
+
+constexpr std::array<Autostart_Name, 8> autostart_names{{
+    {"Thief 1", "T1"},
+    {"Thief Gold", "TG"},
+    {"Thief 2", "T2"},
+    {"Thief DS", "T3"},
+    {"T2X", "T2X"},
+    {"Dark Metal", "DM"},
+    {"Dark Mod", "DMOD"},
+    {"System Shock 2", "SS2"},
+}};
+
+void List_first_game(Program &program, frmMain &window) {
+    const auto found = std::find_if(autostart_names.begin(), autostart_names.end(), [&](const auto &row) {
+        return program.tweaks.AUTOSTART_IN.compare(QLatin1String(row.name), Qt::CaseInsensitive) == 0;
+    });
+    if (found != autostart_names.end() && Game_is_set_up(program, QLatin1String(found->code)))
+        window.commands->Choose_game(QLatin1String(found->code));
+}
+
+} // namespace
+
+Window_Options Read_window_options(const QStringList &arguments) {
+    Window_Options options;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString &word = arguments[i];
+        const bool has_value = word == QLatin1String("--home") || word == QLatin1String("--tour");
+        if (has_value && i + 1 == arguments.size())
+            options.fault = QStringLiteral("%1 needs a folder").arg(word);
+        else if (has_value)
+            (word == QLatin1String("--home") ? options.home : options.tour_folder) =
+                QDir(arguments[++i]).absolutePath();
+        else if (word == QLatin1String("--offer-demo"))
+            options.offer_demo = true;
+        else if (word == QLatin1String("--help"))
+            options.show_help = true;
+        else if (word.startsWith(u'/'))
+            options.switches += (options.switches.isEmpty() ? QString() : QStringLiteral(" ")) + word;
+        else
+            options.fault = QStringLiteral("unknown option %1").arg(word);
+    }
+    return options;
+}
+
+QString Window_usage() {
+    return QStringLiteral("vantrosk [--home DIR] [--offer-demo] [--tour DIR]\n"
+                          "  --home DIR    the program's folder\n"
+                          "  --offer-demo  offers the demo library when no game is set up\n"
+                          "  --tour DIR    drives the demo tour and saves a picture of each step in DIR\n");
+}
+
+int Run_window(Platform &platform, const Window_Options &options, const QString &home) {
+    Load_window_resources();
+    Qt_Ui ui;
+    const QString app_path = platform.files->to_windows(home);
+    if (const Fault fault = platform.files->make_folder(app_path)) {
+        ui.show_box({Box_Kind::critical, QStringLiteral("Vantrosk"), fault.text});
+        return 1;
+    }
+    const bool on_tour = !options.tour_folder.isEmpty();
+    if (on_tour)
+        ui.script.emplace();
+
+    Program program(platform, ui, app_path);
+    std::unique_ptr<frmMain> window;
+    Set_Later_Step(program, Later_Step::restore_window,
+                   [&] { window = std::make_unique<frmMain>(program, ui); });
+    Set_Later_Step(program, Later_Step::show_window, [&] { window->Open(); });
+    Set_Later_Step(program, Later_Step::focus_list, [&] { window->list->setFocusToList(); });
+    const auto load = [&] {
+        return Load_Stage(program, options.switches);
+    };
+    if (!Start_Process(program, load) || !window)
+        return 1;
+    Initialise_Stage(program);
+    if (on_tour)
+        return Run_demo_tour(program, ui, *window, options.tour_folder);
+    window->commands->Run(QStringLiteral("Offer_demo_library"),
+                          [&] { Offer_demo_library(program, options.offer_demo); });
+    List_first_game(program, *window);
+    return QApplication::exec();
+}
+
+} // namespace vantrosk

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Theme.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
+
+class QLineEdit;
+class QSplitter;
+class QStackedWidget;
+class QTabBar;
+
+namespace vantrosk {
+
+struct Program;
+class Details_Panel_View;
+class Empty_State;
+class Fm_List_Panel;
+class Game_Toolbar;
+class Qt_Ui;
+class Readme_Panel;
+class Status_Bar;
+class Window_Commands;
+
+/// The main window: puts the panels together and ties their signals to the procedures. It decides nothing.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+public:
+    frmMain(Program &program, Qt_Ui &ui);
+    ~frmMain() override;
+
+    Game_Toolbar *games;
+    Fm_List_Panel *list;
+    Details_Panel_View *details;
+    Readme_Panel *readme;
+    Status_Bar *status;
+    Empty_State *empty_state;
+    QLineEdit *find;
+    Window_Commands *commands;
+
+    /// Shows the window where it stood last time.
+    void Open();
+    void Refresh_games();
+    void Refresh_list();
+    void Refresh_details();
+    void Set_busy(bool busy);
+    void Show_light(int index, const QString &text);
+    void Show_notes(const QString &path);
+    void Set_up(const QString &code);
+    void Make_demo();
+    bool shows_empty_state() const;
+
+Q_SIGNALS:
+    void Closed();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QWidget *Make_lower_half();
+    QWidget *Make_side(const QString &name, const QString &caption, QWidget *panel);
+    void Make_find_field();
+    void Make_menus();
+    void Make_file_menu();
+    void Make_view_menu();
+    void Make_games_menu();
+    void Make_help_menu();
+    QAction *Add_action(QMenu *menu, const QString &text, const QString &keys, const QString &tip,
+                        const std::function<void()> &work);
+    void Connect_panels();
+    void Refresh_access();
+    void Find_here();
+    void Move_splitter(int by);
+    void Show_about();
+    void Start_timers();
+    /// Where the window stands, for whoever stores it.
+    void Tell_geometry();
+
+    Program &program_;
+    Qt_Ui &ui_;
+    Theme theme_;
+    QStackedWidget *pages_;
+    QWidget *work_area_;
+    QSplitter *rows_, *columns_;
+    QMenu *games_menu_ = nullptr, *sort_menu_ = nullptr;
+    QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
+    QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_;
+    QPointer<QWidget> focus_before_work_;
+    bool told_busy_ = false;
+    bool close_wanted_ = false;
+    bool closed_ = false;
+};
+
+/// Fonts, colours and style of the whole program.
+void Apply_theme(const Theme &theme);
+
+} // namespace vantrosk
