@@ -161,10 +161,10 @@ private:
         if (setting.isEmpty())
             return true;
         const QString directory = zip_.unzip->FileDirectory(entry.number);
-        if (QString(directory + "\\").compare(setting, Qt::CaseInsensitive) == 0)
-            return true;
         if (setting == QLatin1String("\\"))
             return !directory.isEmpty();
+        if (QString(directory + "\\").compare(setting, Qt::CaseInsensitive) == 0)
+            return true;
         if (!setting.startsWith(QLatin1String("REGEX:"), Qt::CaseInsensitive))
             return false;
         const QRegularExpression expression(setting.mid(6));
