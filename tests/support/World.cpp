@@ -97,8 +97,12 @@ Program &World::program() {
     return program_ ? *program_ : restart();
 }
 
-Program &World::restart() {
+void World::stop() {
     program_.reset();
+}
+
+Program &World::restart() {
+    stop();
     program_ = std::make_unique<Program>(platform, ui, windows("home"));
     if (!Start_Program(*program_))
         throw std::runtime_error("program did not start");

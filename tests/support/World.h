@@ -40,6 +40,7 @@ public:
     Program &program();
     /// Ends the program and starts it anew over the same files, as the next start would.
     Program &restart();
+    void stop(); ///< ends the program
 
     Platform platform;
     Fake_Clock *clock; ///< the platform's
