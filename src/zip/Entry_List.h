@@ -49,6 +49,10 @@ private:
 /// archive is of any other kind, or none: libzip decides then.
 bool Read_plain_directory(const QString &native, Entry_List &list);
 
+/// How many bytes stand before the archive, as a program that unpacks itself has them; 0 when there are none
+/// or it can not be told.
+qint64 Bytes_before_archive(const QString &native);
+
 /// The list of an archive that libzip opened.
 void Read_open_archive(zip *archive, Entry_List &list);
 

@@ -37,6 +37,7 @@ quint32 Number_32(const char *at) {
 
 /// Where the directory lies.
 struct End_Record {
+    qint64 position = 0;         ///< of this record in the file
     qint64 offset = 0, size = 0; ///< of the directory, bytes
     qint64 count = 0;            ///< of its records
     QByteArray comment;
@@ -54,11 +55,11 @@ bool Parse_end(QByteArrayView tail, qint64 tail_offset, End_Record &end) {
     end.offset = Number_32(record + 16);
     const qsizetype comment = Number_16(record + 20);
     if (Number_16(record + 4) != 0 || Number_16(record + 6) != 0 || Number_16(record + 8) != end.count ||
-        end.count == 0xffff || at + end_size + comment != tail.size() ||
-        end.offset + end.size != tail_offset + at)
+        end.count == 0xffff || at + end_size + comment != tail.size())
         return false;
     if (at >= locator_size && std::memcmp(record - locator_size, locator_signature, 4) == 0)
         return false;
+    end.position = tail_offset + at;
     end.comment = tail.last(comment).toByteArray();
     return true;
 }
@@ -124,11 +125,23 @@ qsizetype Add_record(QByteArrayView rest, const End_Record &end, std::uint64_t i
 
 } // namespace
 
+qint64 Bytes_before_archive(const QString &native) {
+    QFile file(native);
+    End_Record end;
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !Find_end(file, end))
+        return 0;
+    const qint64 before = end.position - end.size - end.offset;
+    if (before <= 0 || !file.seek(end.position - end.size) || file.read(4) != header_signature)
+        return 0;
+    return before;
+}
+
 bool Read_plain_directory(const QString &native, Entry_List &list) {
     QFile file(native);
     End_Record end;
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !Find_end(file, end) ||
-        end.size > longest_directory || end.count * header_size > end.size || !file.seek(end.offset))
+        end.offset + end.size != end.position || end.size > longest_directory ||
+        end.count * header_size > end.size || !file.seek(end.offset))
         return false;
     const QByteArray directory = file.read(end.size);
     if (directory.size() != end.size)

@@ -1,6 +1,7 @@
 #include "zip/Zip_Archive.h"
 
 #include "platform/Staged_File.h"
+#include "zip/Entry_List.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -35,6 +36,21 @@ constexpr Zip_Text zip_texts[] = {
     {ZIP_ER_EXISTS, Fault_Kind::exists, "There are two files for the name \"%1\"."},
     {ZIP_ER_MEMORY, Fault_Kind::too_large, "There is not enough memory for \"%1\"."},
 };
+
+/// The archive that begins behind so many bytes of a file: libzip alone counts offsets from the file's start.
+Zip_Handle Open_behind(const QString &native, qint64 bytes_before) {
+    if (bytes_before <= 0)
+        return {};
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_t *source = zip_source_file_create(QFile::encodeName(native).constData(),
+                                                  static_cast<zip_uint64_t>(bytes_before), -1, &error);
+    Zip_Handle archive(source ? zip_open_from_source(source, ZIP_RDONLY, &error) : nullptr);
+    if (source && !archive)
+        zip_source_free(source);
+    zip_error_fini(&error);
+    return archive;
+}
 
 } // namespace
 
@@ -87,6 +103,8 @@ Result<Zip_Handle> Open_zip(const QString &native, const QString &name) {
         return {std::move(archive), {}};
     if (code == ZIP_ER_OPEN && errno == EACCES)
         return {{}, {Fault_Kind::no_access, QString("\"%1\" may not be read.").arg(name), EACCES}};
+    if (Zip_Handle behind = Open_behind(native, Bytes_before_archive(native)))
+        return {std::move(behind), {}};
     return {{}, Fault_of_zip(code, name)};
 }
 

@@ -206,6 +206,13 @@ TEST_F(Unzip_Listing, A_hundred_thousand_entries_are_listed) {
 
 TEST_F(Unzip_Listing, Bytes_before_the_archive_and_behind_it_are_passed_over) {
     const QByteArray archive = Archive_bytes({{"a", "content"}});
+    const QByteArray before[] = {"", QByteArray(100, '\0'), "MZ a program that unpacks itself",
+                                 archive.left(50)};
+    for (const QByteArray &bytes : before) {
+        ASSERT_EQ(list(bytes + archive).text, QString()) << bytes.size();
+        EXPECT_EQ(names(), QStringList({"|a"}));
+        EXPECT_EQ(unzip.Read_entry(1, 100).value, "content");
+    }
     ASSERT_FALSE(list(archive + QByteArray(100, '\0')));
     EXPECT_EQ(names(), QStringList({"|a"}));
 }
