@@ -74,13 +74,21 @@ QStringList Backup_folders(const Install_Run &run) {
     return folders;
 }
 
+/// The path as it is spelled on disk, so that the file comes back under its own name and not the mission's.
+QString Spelled_as_on_disk(const Install_Run &run, const QString &path) {
+    const Files &files = run.program.files;
+    const QString base = Tidy_path(files.to_windows(files.to_native(run.base.folder)));
+    const QString spelled = Tidy_path(files.to_windows(files.to_native(path)));
+    return Is_below(spelled, base) ? Join_path(run.base.folder, Relative_to(spelled, base)) : path;
+}
+
 QStringList Existing_targets(Install_Run &run) {
     QStringList existing;
     const auto add = [&](const QString &path, const QString &line) {
         Show_file(run, "Backup " + line + " ?");
         if (!FileExists(run.program, path))
             return;
-        existing << path;
+        existing << Spelled_as_on_disk(run, path);
         Recover_log(run.program, "//" + line);
     };
     for (const QString &line : run.plan.lines)

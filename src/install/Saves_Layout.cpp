@@ -102,7 +102,8 @@ void Add_files(const Program &program, const QString &folder, const QString &rel
 std::vector<Save_File> Shock_saves(const Program &program, const Save_Layout &layout) {
     std::vector<Save_File> saves;
     for (const QString &folder : Shock_save_folders(layout))
-        Add_tree(program, folder, FileNameFromPath(folder), 0, saves);
+        if (const auto found = program.files.look(folder))
+            Add_tree(program, folder, found->name, 0, saves);
     return saves;
 }
 

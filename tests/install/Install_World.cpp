@@ -5,6 +5,7 @@
 #include "core/mdlDebug.h"
 #include "core/mdlFile_Functions.h"
 #include "install/Install_Paths.h"
+#include "install/Stepping.h"
 #include "install/undo/Undo_List.h"
 
 namespace vantrosk {
@@ -12,6 +13,10 @@ namespace vantrosk {
 Install_World::Install_World(const QString &game_code)
     : code(game_code), game_folder("games/" + game_code), zip_folder("fms/" + game_code),
       list_folder(game_folder) {
+    platform.files = std::make_unique<Stepping_Files>(std::move(platform.files));
+    auto stepping = std::make_unique<Stepping_Clock>();
+    clock = stepping.get();
+    platform.clock = std::move(stepping);
     start_game();
 }
 

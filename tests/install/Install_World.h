@@ -48,7 +48,7 @@ public:
     QString zip_folder;
     QString list_folder; ///< where the undo list lies
 
-private:
+    /// Starts the program when it is not running, with the game as the active one.
     void start_game();
 };
 
