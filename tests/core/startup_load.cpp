@@ -94,6 +94,39 @@ TEST_F(Load_Test, A_second_start_leaves_out_the_table_checks_and_the_questions) 
     EXPECT_TRUE(world.ui.boxes.empty());
 }
 
+TEST_F(Load_Test, A_start_without_a_window_leaves_out_what_only_a_window_shows) {
+    const QStringList common{"MAIN FORM: Form initialize started",
+                             "Starting Debug Log",
+                             "About to set defaults",
+                             "FUNCTIONS: Set_Display_Defaults",
+                             "FUNCTIONS: set_default_fonts",
+                             "About to read ini",
+                             "About to create folders",
+                             "STARTUP: Cull Temp Files",
+                             "STARTUP: Finished Culling Temp Files"};
+    program().trace.enabled = true;
+    ASSERT_TRUE(Start_Program(program()));
+    EXPECT_EQ(world.ui.trace, common + QStringList({"Email Template Checks Took 0.00"}));
+    start.settle();
+    world.ui.trace.clear();
+    program().trace.enabled = true;
+    ASSERT_TRUE(Start_Program(program()));
+    EXPECT_EQ(world.ui.trace,
+              common + QStringList({"Database Table Checks not required as already done in this version",
+                                    "Email Template Checks Took 0.00"}));
+}
+
+TEST_F(Load_Test, The_console_pauses_before_each_of_three_stages_when_it_is_on) {
+    struct Pausing_Ui : Recording_Ui {
+        QStringList pauses;
+        void trace_pause(const QString &prompt) override { pauses << prompt; }
+    } face;
+    Program watched(world.platform, face, start.home);
+    ASSERT_TRUE(Start_Process(watched, [&] { return Load_Stage(watched, "/debug"); }));
+    EXPECT_EQ(face.pauses,
+              QStringList({"About to set defaults", "About to read ini", "About to create folders"}));
+}
+
 TEST_F(Load_Test, A_first_start_in_an_empty_folder_leaves_what_belongs_there) {
     ASSERT_TRUE(start.start());
     QStringList files;
