@@ -79,10 +79,12 @@ bool Move_up(Install_Run &run, const QString &line, const QString &target) {
     const QString to = run.base.path_of(target);
     if (!FileExists(program, from) || program.files.look(to))
         return false;
-    if (const Fault fault = program.files.move_file(from, to)) {
-        Trace_fault(program, fault);
+    Fault fault = program.files.make_folder(Parent_path(to));
+    if (!fault)
+        fault = program.files.move_file(from, to);
+    Trace_fault(program, fault);
+    if (fault)
         return false;
-    }
     Remove_folder_when_empty(run, from);
     return true;
 }

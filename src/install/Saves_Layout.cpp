@@ -103,7 +103,7 @@ std::vector<Save_File> Shock_saves(const Program &program, const Save_Layout &la
     std::vector<Save_File> saves;
     for (const QString &folder : Shock_save_folders(layout))
         if (const auto found = program.files.look(folder))
-            Add_tree(program, folder, found->name, 0, saves);
+            Add_tree(program, Join_path(layout.save_folder, found->name), found->name, 0, saves);
     return saves;
 }
 
