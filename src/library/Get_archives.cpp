@@ -204,14 +204,12 @@ void Mark_originals_ready(Program &program, const Scan &scan) {
 
 void Show_list(Program &program) {
     Empty_info_folder(program);
-    Set_Status_Panel(program, 1, "Ready");
     Set_Status_Panel(program, 2, "100%");
     program.MISSIONFILE.clear();
     Fm_List &list = program.screen.list;
     list.sort_column = col_name;
     list.sort_ascending = false;
     Sort_List(program, col_name);
-    Hide_Progress(program);
 }
 
 void Select_installed_row(Program &program, const Scan &scan) {
@@ -263,6 +261,8 @@ void Get_archives(Program &program, const Archives_Request &request) {
         const auto not_busy = qScopeGuard([&program] {
             program.screen.busy = false;
             program.ui.set_busy(false);
+            Hide_Progress(program);
+            Set_Status_Panel(program, 1, "Ready");
             program.ui.list_visible(true);
             Flush_debug_log(program);
         });

@@ -71,14 +71,13 @@ void Take_record(Program &program, Scan &scan, Zip_Record &zip) {
 void Insert_record(Program &program, Scan &scan, const Zip_Record &zip) {
     if (zip.record_found || !program.tweaks.AUTO_ADD_TO_DB || zip.game.isEmpty() || zip.name.isEmpty())
         return;
-    if (scan.inserts_refused)
+    if (scan.insert_failure)
         return;
     Set_Status_Panel(program, 1, "Adding " + zip.zip_name + " to database");
     try {
         db_Execute(program, Insert_statement(zip));
         Write_debug_log(program, "FM added to database");
     } catch (const Program_Error &error) {
-        scan.inserts_refused = true;
         scan.insert_failure = error;
         debug_print(program, "MAIN FORM: Error In Get_archives : " + error.description());
     }

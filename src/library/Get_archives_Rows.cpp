@@ -141,7 +141,7 @@ bool Is_hidden(const Scan &scan, const Zip_Record &zip) {
     }
 }
 
-void Add_row(Program &program, Scan &scan, Zip_Record &zip) {
+void Add_row(Program &program, Scan &scan, const Zip_Record &zip) {
     if (Is_hidden(scan, zip))
         return;
     Fm_Row row = Row_of_zip(scan, zip);
@@ -156,7 +156,6 @@ void Add_row(Program &program, Scan &scan, Zip_Record &zip) {
                                  "' currently installed ";
     }
     list.rows.push_back(std::move(row));
-    zip.row_added = true;
     Write_debug_log(program, "FM added to Flexgrid");
 }
 

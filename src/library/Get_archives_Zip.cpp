@@ -16,6 +16,8 @@ constexpr qint64 readmes_limit = qint64(64) << 20; ///< bytes of all files of on
 constexpr qsizetype shortest_readme_line = 7;      ///< after trimming
 constexpr std::array<const char *, 3> rtf_readmes{"README.RTF", "DOCUMENTATION.RTF", "FMINFO.RTF"};
 
+constexpr std::array<const char *, 7> looked_at{".RTF", ".TXT", ".MIS", ".IBT", ".CBT", ".PK4", ".INI"};
+
 /// One entry of a zip while it is classified.
 struct Entry {
     int number;
@@ -184,15 +186,24 @@ Entry Entry_of(const cUnzip &unzip, int number) {
     return entry;
 }
 
-/// Whether some test looks at an entry of this name; most entries of a mission are resources.
-bool Is_of_interest(const Scan &scan, const Entry &entry) {
-    constexpr std::array<const char *, 9> extensions{".VKML", ".RTF", ".TXT", ".MIS", ".IBT",
-                                                     ".CBT",  ".PK4", ".INI", ".STR"};
+bool Is_text(QStringView text, const char *upper) {
+    return text.compare(QLatin1String(upper), Qt::CaseInsensitive) == 0;
+}
+
+/// Whether some test looks at a file of this name. Most entries of a mission are resources, and a library
+/// holds a million of them: nothing is copied here.
+bool Is_of_interest(const Scan &scan, QStringView name) {
     if (scan.is_custom())
         return true;
-    const QStringView extension = QStringView(entry.upper).mid(entry.stem.size());
-    return std::any_of(extensions.begin(), extensions.end(),
-                       [extension](const char *one) { return extension == QLatin1String(one); });
+    const QStringView extension = name.mid(qMax(name.lastIndexOf(u'.'), qsizetype(0)));
+    if (extension.size() == 5)
+        return Is_text(extension, ".VKML");
+    if (extension.size() != 4)
+        return false;
+    if (Is_text(extension, ".STR"))
+        return Is_text(name, "TITLES.STR") || Is_text(name, "MISSFLAG.STR");
+    return std::any_of(looked_at.begin(), looked_at.end(),
+                       [extension](const char *one) { return Is_text(extension, one); });
 }
 
 /// What stands in INFO after the selected entries were extracted flat: of two names that differ at most by
@@ -293,9 +304,9 @@ void List_zip(Program &program, const Scan &scan, Zip_Record &zip, const QString
         debug_print(program, "MAIN FORM: " + zip.zip_name + " can not be listed: " + fault.text);
     Zip_Lister lister(program, scan, zip);
     for (int i = 1; i <= zip.unzip->FileCount(); ++i) {
-        const Entry entry = Entry_of(*zip.unzip, i);
-        if (!Is_of_interest(scan, entry))
+        if (!Is_of_interest(scan, zip.unzip->Filename(i)))
             continue;
+        const Entry entry = Entry_of(*zip.unzip, i);
         const QString directory = zip.unzip->FileDirectory(i);
         if (!Is_safe_entry_name(directory.isEmpty() ? entry.name : directory + "\\" + entry.name)) {
             debug_print(program, "MAIN FORM: passed over " + entry.name + " in " + zip.zip_name);

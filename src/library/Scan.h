@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -49,8 +50,7 @@ struct Scan {
     int installed_marker = 0; ///< 0 none, 1 an installed record was met, 2 its row was written
     QString installed_zip;
     QString installed_caption;
-    bool inserts_refused = false; ///< after the first failure no more are tried
-    std::optional<Program_Error> insert_failure;
+    std::optional<Program_Error> insert_failure; ///< the first one; after it no more records are added
 
     bool is_custom() const { return key == QLatin1String("CUSTOM"); }
 };
@@ -76,7 +76,6 @@ struct Zip_Record {
     bool missflag_selected = false;
     bool record_found = false;
     bool skip_scan = false;
-    bool row_added = false;
     QString zip_date;    ///< "YYYYMMDD"
     QString last_played; ///< "YYYYMMDD"
     QString score, average_score, review, finished, category, keywords;
@@ -123,7 +122,7 @@ bool Is_suitable(const Scan &scan, const QString &game);
 /// Rows of the game's own missions, and the folder of its saves.
 void Add_original_rows(Program &program, Scan &scan);
 /// Adds the row of a mission unless the filter hides it.
-void Add_row(Program &program, Scan &scan, Zip_Record &zip);
+void Add_row(Program &program, Scan &scan, const Zip_Record &zip);
 bool Is_hidden(const Scan &scan, const Zip_Record &zip);
 
 // Get_archives_Report.cpp

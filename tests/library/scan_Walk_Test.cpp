@@ -232,6 +232,18 @@ TEST(Scan, A_database_that_refuses_a_record_is_told_once_and_the_list_is_whole) 
     EXPECT_FALSE(world.program().screen.busy);
 }
 
+TEST(Scan, A_database_that_can_not_be_asked_ends_the_scan_with_the_error_box) {
+    Scan_World world;
+    world.mission("a.zip");
+    db_Execute(world.program(), "DROP TABLE Table_Scores");
+    world.scan();
+    ASSERT_EQ(world.ui.boxes.size(), 1u);
+    EXPECT_TRUE(world.ui.boxes[0].text.contains(" in procedure Get_archives of Form frmMain"));
+    EXPECT_EQ(world.program().screen.status_panels[1], "Ready");
+    EXPECT_FALSE(world.program().screen.busy);
+    EXPECT_FALSE(world.program().screen.progress_visible);
+}
+
 TEST(Scan, The_panels_and_the_log_tell_each_step) {
     Scan_World world;
     world.mission("vault.zip");
