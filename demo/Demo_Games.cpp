@@ -9,8 +9,8 @@ namespace {
 struct Game_Row {
     const char *code, *folder, *program;
     std::array<const char *, 6>
-        own_files; ///< small stand-ins for what a game's folder holds; null ends the row
-    const char *save;
+        own_files;    ///< small stand-ins for what a game's folder holds; null ends the row
+    const char *save; ///< of the original missions; null for none
 };
 
 // A file of the demo's games says what it stands for; the missions overwrite some of them.
@@ -41,7 +41,7 @@ constexpr std::array<Game_Row, 5> games{{
      "Doom 3",
      "doom3.exe",
      {"base/default.cfg", "base/pak000.txt", nullptr, nullptr, nullptr, nullptr},
-     "base/savegames/quick.save"},
+     nullptr},
 }};
 
 } // namespace
@@ -54,7 +54,8 @@ std::vector<Demo_Game> Make_games(const QByteArray &game_program) {
         for (const char *name : row.own_files)
             if (name)
                 game.files[name] = QByteArray("The game's own ") + name + ", as it was installed.\r\n";
-        game.files[row.save] = QByteArray("A save of the original missions of ") + row.folder + ".\r\n";
+        if (row.save)
+            game.files[row.save] = QByteArray("A save of the original missions of ") + row.folder + ".\r\n";
         if (QByteArray(row.code) != "DMOD")
             game.files["darkinst.cfg"] = "install_path .\\\r\nlanguage english\r\n";
         made.push_back(game);

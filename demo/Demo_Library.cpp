@@ -64,9 +64,13 @@ QString Pack_mission(const Mission &mission, const QString &archive) {
     if (!reason.isEmpty())
         return reason;
     QFile::remove(archive);
-    if (!mission.maker.isEmpty() && Zip_with_tool(mission.maker, folder.path(), archive))
-        return {};
-    return Zip_ourselves(folder.path(), archive);
+    const bool by_tool = !mission.maker.isEmpty() && Zip_with_tool(mission.maker, folder.path(), archive);
+    const QString fault = by_tool ? QString() : Zip_ourselves(folder.path(), archive);
+    QFile file(archive);
+    if (!fault.isEmpty() || !file.open(QIODevice::ReadWrite))
+        return fault;
+    file.setFileTime(mission.date.startOfDay().addSecs(43200), QFileDevice::FileModificationTime);
+    return {};
 }
 
 /// Sets the program up as a user would, through the console face.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDate>
 #include <QString>
 #include <QStringList>
 
@@ -17,7 +18,8 @@ struct Mission {
     QString game; ///< code of the list it is for
     QString zip;  ///< file name of its archive
     QString
-        maker; ///< "zip", "7z" or empty for the program's own writer: real archives differ by their makers
+        maker;  ///< "zip", "7z" or empty for the program's own writer: real archives differ by their makers
+    QDate date; ///< of the archive
     Tree files;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/linux/Linux_Platform.h"
 #include "zip/mZip.h"
 
+#include <QDate>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -27,23 +28,24 @@ struct Made_File {
 struct Mission_Row {
     const char *game, *zip, *maker;
     const char *text_encoding; ///< of its readme; UTF-8 when empty
+    const char *date;          ///< of its archive
 };
 
 constexpr std::array<Mission_Row, 14> missions{{
-    {"T2", "harbour_v1.zip", "zip", ""},
-    {"T2", "frost.zip", "", ""},
-    {"T2", "nuit.zip", "zip", "ISO-8859-1"},
-    {"T2", "oldguild.zip", "7z", ""},
-    {"T2", "silent.zip", "", ""},
-    {"T2", "undercath.zip", "zip", ""},
-    {"T2", "wlantern.zip", "", ""},
-    {"T1", "cellar.zip", "zip", ""},
-    {"T1", "canalwatch.zip", "7z", ""},
-    {"TG", "gilded.zip", "", ""},
-    {"SS2", "quietdeck.zip", "zip", ""},
-    {"SS2", "greenhouse.zip", "", ""},
-    {"DMOD", "coldlab.zip", "7z", ""},
-    {"DMOD", "redstation.zip", "", ""},
+    {"T2", "harbour_v1.zip", "zip", "", "2004-06-12"},
+    {"T2", "frost.zip", "", "", "2009-03-11"},
+    {"T2", "nuit.zip", "zip", "ISO-8859-1", "2005-11-01"},
+    {"T2", "oldguild.zip", "7z", "", "2003-07-04"},
+    {"T2", "silent.zip", "", "", "2024-09-15"},
+    {"T2", "undercath.zip", "zip", "", "2018-02-20"},
+    {"T2", "wlantern.zip", "", "", "2007-11-30"},
+    {"T1", "cellar.zip", "zip", "", "2001-10-31"},
+    {"T1", "canalwatch.zip", "7z", "", "2009-03-09"},
+    {"TG", "gilded.zip", "", "", "2006-06-21"},
+    {"SS2", "quietdeck.zip", "zip", "", "2012-04-17"},
+    {"SS2", "greenhouse.zip", "", "", "2013-05-02"},
+    {"DMOD", "coldlab.zip", "7z", "", "2006-12-19"},
+    {"DMOD", "redstation.zip", "", "", "2008-08-08"},
 }};
 
 constexpr Made_File made_files[] = {
@@ -171,7 +173,8 @@ std::vector<Mission> Make_missions() {
     int seed = 0;
     for (const Mission_Row &row : missions) {
         ++seed;
-        Mission mission{row.game, row.zip, row.maker, Written_files(row)};
+        Mission mission{row.game, row.zip, row.maker, QDate::fromString(row.date, Qt::ISODate),
+                        Written_files(row)};
         int part = 0;
         for (const Made_File &file : made_files) {
             if (mission.zip != QLatin1String(file.zip))
