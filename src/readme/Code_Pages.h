@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace vantrosk {
+
+inline constexpr int western_code_page = 1252;
+inline constexpr int utf8_code_page = 65001;
+
+/// Text of bytes in a Windows code page, by its number. A page that is not carried here reads as 1252.
+QString Text_of_code_page(const QByteArray &bytes, int code_page);
+
+} // namespace vantrosk
