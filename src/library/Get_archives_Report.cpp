@@ -11,6 +11,15 @@ namespace vantrosk {
 namespace {
 
 constexpr const char *excess_page_name = "excessZips.htm";
+constexpr const char *excess_title = "<img src='HTMLImages/triangle_red.gif'> <span class='VKTITLE "
+                                     "TEXTRED'>Excess Zip File(s) Found</span><br>";
+constexpr const char *excess_tip =
+    "Helpful Tip: Vantrosk has detected some zip files that may be in the wrong folder for the currently "
+    "selected game or they may not be properly structured ready for installation. In order for Vantrosk to "
+    "work better, please move these files out of thier current location if they are not Fan Missions.";
+constexpr const char *excess_advice =
+    "However if they are Fan Missions please make sure they are in the correct folders. This will speed "
+    "Vantrosk up as it will not have to look inside each unknown zip file every scan to see what it is.";
 
 /// One part of the page: its entries below its headings; nothing without entries.
 QStringList Excess_part(const QStringList &headings, const QStringList &entries) {
@@ -24,16 +33,8 @@ QStringList Excess_part(const QStringList &headings, const QStringList &entries)
 
 QStringList Excess_intro() {
     return {
-        "<img src='HTMLImages/triangle_red.gif'> <span class='VKTITLE TEXTRED'>Excess Zip File(s) "
-        "Found</span><br>",
-        "<br><br>",
-        "<span class='VKFMINFO'>",
-        "Helpful Tip: Vantrosk has detected some zip files that may be in the wrong folder for the currently "
-        "selected game or they may not be properly structured ready for installation. In order for Vantrosk "
-        "to work better, please move these files out of thier current location if they are not Fan Missions.",
-        "<br><br>",
-        "However if they are Fan Missions please make sure they are in the correct folders. This will speed "
-        "Vantrosk up as it will not have to look inside each unknown zip file every scan to see what it is.",
+        QLatin1String(excess_title), "<br><br>", "<span class='VKFMINFO'>",
+        QLatin1String(excess_tip),   "<br><br>", QLatin1String(excess_advice),
         "</span><br><br>",
     };
 }

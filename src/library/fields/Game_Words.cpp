@@ -51,7 +51,7 @@ QString Map_game_words(const QString &text) {
     if (text.startsWith(custom_mark))
         return text.mid(custom_mark.size()).trimmed();
     const QString upper = text.toUpper();
-    const QString code = First_word_code(upper, game_words);
+    QString code = First_word_code(upper, game_words);
     if (!code.isEmpty())
         return code;
     if (upper.contains(QLatin1String("DARK")) && !upper.contains(QLatin1String("THIEF 2")))

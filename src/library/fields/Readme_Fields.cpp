@@ -92,6 +92,7 @@ constexpr std::array<Field_Rule, 14> game_rules{{
 template<std::size_t Count>
 std::vector<Field_Pattern> Make_patterns(const std::array<Field_Rule, Count> &rules) {
     std::vector<Field_Pattern> patterns;
+    patterns.reserve(Count);
     for (const Field_Rule &rule : rules)
         patterns.emplace_back(QString::fromUtf8(rule.pattern));
     return patterns;
@@ -135,7 +136,7 @@ QString First_value(const QString &line, const std::array<Field_Rule, Count> &ru
     for (std::size_t i = 0; i < Count; ++i) {
         if (!Rule_applies(rules[i], prepared) || !patterns[i].matches(prepared))
             continue;
-        const QString value = Cut_value(prepared, rules[i]);
+        QString value = Cut_value(prepared, rules[i]);
         if (!value.isEmpty())
             return value;
     }
@@ -189,7 +190,7 @@ bool Label_present(const QString &line, const QString &pattern) {
 }
 
 QString Tidy_name(const QString &text, bool the_swap) {
-    const QString name = Without_leading_colon(QString(text.trimmed()).remove(u'\t'));
+    QString name = Without_leading_colon(QString(text.trimmed()).remove(u'\t'));
     if (!the_swap)
         return name;
     for (const QLatin1String article : {QLatin1String("THE "), QLatin1String("A ")}) {
