@@ -30,6 +30,9 @@ TEST(Window_Options, A_folder_is_read_from_where_the_program_was_started) {
 TEST(Window_Options, A_wrong_word_is_a_fault) {
     EXPECT_EQ(Read_window_options({"--home"}).fault, "--home needs a folder");
     EXPECT_EQ(Read_window_options({"--tour"}).fault, "--tour needs a folder");
+    for (const char *size : {"", "big", "10x10", "1280", "1280x800x2", "-1280x800"})
+        EXPECT_EQ(Read_window_options({"--size", size}).fault, "--size needs a size") << size;
+    EXPECT_EQ(Read_window_options({"--size", "1024x700"}).size, QSize(1024, 700));
     EXPECT_EQ(Read_window_options({"--fast"}).fault, "unknown option --fast");
     EXPECT_EQ(Read_window_options({"scan"}).fault, "unknown option scan");
     EXPECT_TRUE(Read_window_options({"--help"}).show_help);

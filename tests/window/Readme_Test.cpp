@@ -1,1 +1,341 @@
-// filled in below
+#include "window/Window_World.h"
+
+#include "ui/qt/Readme_Fence.h"
+#include "ui/qt/Readme_Panel.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTest>
+#include <QToolButton>
+#include <QWebEngineFindTextResult>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineView>
+
+#include <gtest/gtest.h>
+
+namespace vantrosk {
+
+namespace {
+
+class Readme : public ::testing::Test {
+protected:
+    Readme() {
+        world.Set_up_game("T2");
+        world.Open();
+        world.program().screen.no_mission_selected = false;
+    }
+    Readme_Panel &Panel() { return *world.window().readme; }
+    /// Shows a page in INFO and waits until the browser has it.
+    bool Show(const QByteArray &html, const QString &name = "home/INFO/readme.htm") {
+        world.files.write(name, html);
+        return Show_file(name);
+    }
+    bool Show_file(const QString &name) {
+        QSignalSpy shown(&Panel(), &Readme_Panel::Page_shown);
+        world.ui.navigate(Browser::readme, world.files.windows(name));
+        return Window_World::Wait_until([&] { return !shown.isEmpty() && !Panel().is_loading(); });
+    }
+    QString Text() {
+        std::optional<QString> text;
+        Panel().view()->page()->toPlainText([&text](const QString &plain) { text = plain; });
+        Window_World::Wait_until([&text] { return text.has_value(); });
+        return text.value_or(QString());
+    }
+    /// Runs in the program's own world, apart from the page's scripts.
+    QVariant Ask(const QString &script) {
+        std::optional<QVariant> answer;
+        Panel().view()->page()->runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                                              [&answer](const QVariant &value) { answer = value; });
+        Window_World::Wait_until([&answer] { return answer.has_value(); });
+        return answer.value_or(QVariant());
+    }
+    void Click_page(const QPoint &at) {
+        QWidget *target = Panel().view()->focusProxy();
+        QTest::mouseClick(target, Qt::LeftButton, {}, at);
+    }
+    QString Empty_sentence() {
+        const auto *empty = Panel().findChild<QLabel *>("readme_empty");
+        return empty->isVisible() ? empty->text() : QString();
+    }
+    QByteArray Link_page(const QByteArray &href, const QByteArray &more = {}) {
+        return "<body><a href='" + href + "' " + more +
+               " style='display:block;position:absolute;left:0;top:0;width:300px;height:200px'>link</a></"
+               "body>";
+    }
+
+    Window_World world;
+};
+
+/// Counts who comes to this computer's own port.
+class Listener {
+public:
+    Listener() {
+        server_.listen(QHostAddress::LocalHost);
+        QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] { ++visits; });
+    }
+    QByteArray address() const {
+        return "http://127.0.0.1:" + QByteArray::number(server_.serverPort()) + "/";
+    }
+    int visits = 0;
+
+private:
+    QTcpServer server_;
+};
+
+} // namespace
+
+TEST(Readme_Folders_Fence, Holds_files_below_its_folders_and_nothing_else) {
+    World world;
+    world.write("in/page.htm", "x");
+    world.write("in/deep/picture.png", "x");
+    world.write("out/secret.txt", "x");
+    world.write("in-too/secret.txt", "x");
+    QFile::link(world.native("out/secret.txt"), world.native("in/link.txt"));
+    QFile::link(world.native("out"), world.native("in/linked"));
+    Readme_Folders folders;
+    folders.Set({world.native("in"), world.native("missing"), ""});
+    const auto local = [&world](const QString &name) {
+        return QUrl::fromLocalFile(world.native(name));
+    };
+    const std::pair<QUrl, bool> table[] = {
+        {local("in/page.htm"), true},
+        {local("in/deep/picture.png"), true},
+        {local("in"), false},
+        {local("in/missing.png"), false},
+        {local("out/secret.txt"), false},
+        {local("in/../out/secret.txt"), false},
+        {local("in/link.txt"), false},
+        {local("in/linked/secret.txt"), false},
+        {local("in-too/secret.txt"), false},
+        {QUrl("file://server" + world.native("in/page.htm")), false},
+        {QUrl("http://x.org/page.htm"), false},
+        {QUrl("about:blank"), false},
+        {QUrl("data:text/html,x"), false},
+        {QUrl("javascript:1"), false},
+        {QUrl(), false},
+    };
+    for (const auto &[address, held] : table)
+        EXPECT_EQ(folders.Holds(address), held) << address.toString().toStdString();
+    folders.Set({});
+    EXPECT_FALSE(folders.Holds(local("in/page.htm")));
+}
+
+TEST(Readme_Folders_Fence, A_folder_that_is_a_link_itself_is_followed_once) {
+    World world;
+    world.write("real/page.htm", "x");
+    QFile::link(world.native("real"), world.native("link"));
+    Readme_Folders folders;
+    folders.Set({world.native("link")});
+    EXPECT_TRUE(folders.Holds(QUrl::fromLocalFile(world.native("link/page.htm"))));
+}
+
+TEST_F(Readme, A_page_is_shown_from_its_windows_path) {
+    ASSERT_TRUE(Show("<meta charset='UTF-8'><body><b>Žluť</b> &amp; more</body>"));
+    EXPECT_TRUE(Panel().shows_a_page());
+    EXPECT_EQ(Text().trimmed(), "Žluť & more");
+}
+
+TEST_F(Readme, Letters_that_mean_something_in_an_address_are_only_letters_in_a_file_name) {
+    ASSERT_TRUE(Show("<body>found</body>", "home/INFO/100% #1?.htm"));
+    EXPECT_EQ(Text().trimmed(), "found");
+}
+
+TEST_F(Readme, Without_a_page_a_sentence_says_why) {
+    EXPECT_FALSE(Panel().shows_a_page());
+    world.ui.navigate(Browser::readme, "about:blank");
+    EXPECT_EQ(Empty_sentence(), "This mission brings no readme.");
+    world.program().screen.no_mission_selected = true;
+    world.ui.navigate(Browser::readme, "");
+    EXPECT_EQ(Empty_sentence(), "Select a mission in the list to read what its author wrote.");
+    EXPECT_EQ(Panel().view(), nullptr) << "no browser is made for nothing";
+}
+
+TEST_F(Readme, A_page_that_is_missing_or_no_file_of_this_computer_is_refused) {
+    for (const char *page : {"C:\\nowhere\\x.htm", "http://127.0.0.1/x.htm", "javascript:1", "..\\..\\x"}) {
+        world.ui.navigate(Browser::readme, page);
+        EXPECT_FALSE(Panel().shows_a_page()) << page;
+    }
+    EXPECT_EQ(Panel().view(), nullptr);
+}
+
+TEST_F(Readme, Other_browsers_are_not_this_one) {
+    world.files.write("home/INFO/readme.htm", "x");
+    world.ui.navigate(Browser::third, world.files.windows("home/INFO/readme.htm"));
+    world.ui.navigate(Browser::detached, world.files.windows("home/INFO/readme.htm"));
+    EXPECT_FALSE(Panel().shows_a_page());
+}
+
+TEST_F(Readme, No_script_of_the_page_runs) {
+    ASSERT_TRUE(Show("<body onload=\"document.title='ran'\"><p id='p'>still</p>"
+                     "<script>document.getElementById('p').innerText='ran'</script>"
+                     "<img src='x' onerror=\"document.getElementById('p').innerText='ran'\">"
+                     "<svg onload=\"document.getElementById('p').innerText='ran'\"></svg>"
+                     "<a id='a' href=\"javascript:document.getElementById('p').innerText='ran'\" "
+                     "style='position:absolute;left:0;top:0;width:300px;height:200px'></a></body>"));
+    Click_page({100, 100});
+    EXPECT_FALSE(Ask("document.body.innerText").toString().contains("ran"));
+    EXPECT_NE(Panel().view()->title(), "ran");
+}
+
+TEST_F(Readme, Nothing_is_fetched_from_the_world) {
+    Listener listener;
+    const QByteArray there = listener.address();
+    ASSERT_TRUE(Show("<head><link rel='stylesheet' href='" + there + "a.css'><link rel='prefetch' href='" +
+                     there + "b'><meta http-equiv='refresh' content='0;url=" + there +
+                     "c'>"
+                     "<style>@import url(" +
+                     there + "d.css); body{background:url(" + there +
+                     "e.png)}</style></head>"
+                     "<body><img src='" +
+                     there + "f.png'><iframe src='" + there +
+                     "g.htm'></iframe>"
+                     "<object data='" +
+                     there + "h.pdf'></object><embed src='" + there +
+                     "i.swf'>"
+                     "<video src='" +
+                     there + "j.mp4' autoplay></video><audio src='" + there +
+                     "k.mp3' autoplay></audio>"
+                     "here</body>"));
+    QTest::qWait(300);
+    EXPECT_TRUE(Text().contains("here"));
+    EXPECT_EQ(listener.visits, 0);
+    EXPECT_TRUE(Panel().view()->url().isLocalFile());
+}
+
+TEST_F(Readme, Pictures_come_from_the_pages_folder_and_the_programs_own_and_from_nowhere_else) {
+    QImage image(7, 5, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    for (const char *name : {"home/INFO/a.png", "home/INFO/VKIMAGES/b.png", "home/HTMLImages/c.png",
+                             "home/custom_game_images/d.png", "home/secret.png", "outside/e.png"}) {
+        world.files.write(name, "");
+        image.save(world.files.native(name));
+    }
+    const QByteArray outside = QUrl::fromLocalFile(world.files.native("outside/e.png")).toEncoded();
+    ASSERT_TRUE(Show("<body><img src='a.png'><img src='VKIMAGES\\b.png'><img src='../HTMLImages/c.png'>"
+                     "<img src='../custom_game_images/d.png'><img src='../secret.png'><img src='" +
+                     outside + "'></body>"));
+    EXPECT_EQ(Ask("Array.from(document.images).map(i => i.naturalWidth).join(',')").toString(),
+              "7,7,7,7,0,0");
+}
+
+TEST_F(Readme, A_frame_shows_nothing) {
+    world.files.write("home/INFO/inner.htm", "<body>inner</body>");
+    ASSERT_TRUE(Show("<body>outer<iframe src='inner.htm'></iframe></body>"));
+    EXPECT_TRUE(Ask("document.querySelector('iframe').contentDocument?.body?.innerText != 'inner'").toBool());
+}
+
+TEST_F(Readme, A_clicked_link_to_the_world_goes_to_the_users_own_browser) {
+    for (const QByteArray href :
+         {"http://x.org/a?b=1", "https://x.org/", "ftp://x.org/f", "mailto:ann@x.org"}) {
+        world.script().links.clear();
+        ASSERT_TRUE(Show(Link_page(href)));
+        Click_page({100, 100});
+        EXPECT_TRUE(Window_World::Wait_until([this] { return !world.script().links.isEmpty(); }))
+            << href.constData();
+        EXPECT_EQ(world.script().links, QStringList{QString::fromLatin1(href)});
+        EXPECT_TRUE(Panel().view()->url().isLocalFile());
+    }
+}
+
+TEST_F(Readme, A_link_that_wants_a_new_window_goes_there_too) {
+    ASSERT_TRUE(Show(Link_page("http://x.org/new", "target='_blank'")));
+    Click_page({100, 100});
+    EXPECT_TRUE(Window_World::Wait_until([this] { return !world.script().links.isEmpty(); }));
+    EXPECT_EQ(world.script().links, QStringList{"http://x.org/new"});
+}
+
+TEST_F(Readme, A_link_to_a_file_outside_its_folders_leads_nowhere) {
+    world.files.write("outside.htm", "<body>outside</body>");
+    ASSERT_TRUE(Show(Link_page("../../outside.htm")));
+    Click_page({100, 100});
+    QTest::qWait(200);
+    EXPECT_TRUE(Panel().view()->url().path().endsWith("readme.htm"));
+    EXPECT_EQ(world.script().links, QStringList());
+}
+
+TEST_F(Readme, A_link_within_its_folders_is_followed_and_back_leads_back) {
+    world.files.write("home/INFO/second.htm", "<body>second page</body>");
+    ASSERT_TRUE(Show(Link_page("second.htm")));
+    auto *back = Panel().findChild<QToolButton *>("readme_back");
+    Click_page({100, 100});
+    ASSERT_TRUE(Window_World::Wait_until([this] { return Text().contains("second page"); }));
+    ASSERT_TRUE(Window_World::Wait_until([back] { return back->isEnabled(); }));
+    back->click();
+    EXPECT_TRUE(Window_World::Wait_until([this] { return Text().contains("link"); }));
+}
+
+TEST_F(Readme, Back_does_not_lead_to_the_mission_before) {
+    ASSERT_TRUE(Show("<body>first mission</body>", "home/INFO/first.htm"));
+    ASSERT_TRUE(Show("<body>second mission</body>", "home/INFO/second.htm"));
+    EXPECT_FALSE(Panel().findChild<QToolButton *>("readme_back")->isEnabled());
+}
+
+TEST_F(Readme, A_place_in_the_page_is_scrolled_to) {
+    ASSERT_TRUE(Show(Link_page("#end") + "<div style='height:5000px'></div><p id='end'>end</p>"));
+    Click_page({100, 100});
+    EXPECT_TRUE(Window_World::Wait_until([this] { return Ask("window.scrollY").toInt() > 1000; }));
+}
+
+TEST_F(Readme, A_form_sends_nothing) {
+    Listener listener;
+    ASSERT_TRUE(Show("<body><form action='" + listener.address() +
+                     "'><input type='submit' value='send' "
+                     "style='position:absolute;left:0;top:0;width:300px;height:200px'></form></body>"));
+    Click_page({100, 100});
+    QTest::qWait(300);
+    EXPECT_EQ(listener.visits, 0);
+    EXPECT_TRUE(Panel().view()->url().isLocalFile());
+}
+
+TEST_F(Readme, Text_grows_and_shrinks_within_bounds_and_stays_so_on_the_next_page) {
+    ASSERT_TRUE(Show("<body>x</body>"));
+    auto *larger = Panel().findChild<QToolButton *>("readme_text_larger");
+    larger->click();
+    EXPECT_NEAR(Panel().view()->zoomFactor(), 1.1, 0.001);
+    ASSERT_TRUE(Show("<body>y</body>", "home/INFO/other.htm"));
+    EXPECT_NEAR(Panel().view()->zoomFactor(), 1.1, 0.001);
+    Panel().Change_text_size(-100);
+    EXPECT_NEAR(Panel().view()->zoomFactor(), 0.5, 0.001);
+    EXPECT_FALSE(Panel().findChild<QToolButton *>("readme_text_smaller")->isEnabled());
+    Panel().Change_text_size(100);
+    EXPECT_NEAR(Panel().view()->zoomFactor(), 3.0, 0.001);
+    EXPECT_FALSE(larger->isEnabled());
+}
+
+TEST_F(Readme, Words_are_found_and_escape_closes_the_search) {
+    ASSERT_TRUE(Show("<body>needle, another need</body>"));
+    auto *field = Panel().findChild<QLineEdit *>("find_in_readme");
+    EXPECT_FALSE(field->isVisible());
+    Panel().findChild<QToolButton *>("readme_find")->click();
+    EXPECT_TRUE(field->isVisible());
+    std::optional<int> places;
+    QObject::connect(
+        Panel().view()->page(), &QWebEnginePage::findTextFinished, field,
+        [&places](const QWebEngineFindTextResult &result) { places = result.numberOfMatches(); });
+    field->setText("need");
+    Q_EMIT field->textEdited("need");
+    EXPECT_TRUE(Window_World::Wait_until([&places] { return places == 2; }));
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_EQ(field->text(), "");
+}
+
+TEST_F(Readme, Tools_are_for_a_page) {
+    for (const char *name : {"readme_back", "readme_find", "readme_text_smaller", "readme_text_larger"})
+        EXPECT_FALSE(Panel().findChild<QToolButton *>(name)->isEnabled()) << name;
+    ASSERT_TRUE(Show("<body>x</body>"));
+    for (const char *name : {"readme_find", "readme_text_smaller", "readme_text_larger"})
+        EXPECT_TRUE(Panel().findChild<QToolButton *>(name)->isEnabled()) << name;
+    world.ui.navigate(Browser::readme, "about:blank");
+    EXPECT_FALSE(Panel().findChild<QToolButton *>("readme_find")->isEnabled());
+}
+
+TEST_F(Readme, The_browser_keeps_nothing_on_the_disk) {
+    ASSERT_TRUE(Show("<body>x</body>"));
+    EXPECT_TRUE(Panel().view()->page()->profile()->isOffTheRecord());
+}
+
+} // namespace vantrosk

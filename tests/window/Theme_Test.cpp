@@ -32,6 +32,20 @@ int Painted_pixels(const QImage &image) {
     return painted;
 }
 
+/// Soft edges that lie over each other round a little.
+bool Is_nearly(QRgb one, QRgb other) {
+    return std::abs(qRed(one) - qRed(other)) <= 3 && std::abs(qGreen(one) - qGreen(other)) <= 3 &&
+           std::abs(qBlue(one) - qBlue(other)) <= 3;
+}
+
+bool Has_only_the_colour(const QImage &image, QRgb colour) {
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) == 255 && !Is_nearly(image.pixel(x, y), colour))
+                return false;
+    return true;
+}
+
 } // namespace
 
 TEST(Theme, The_default_scheme_has_the_two_colours_of_its_numbers) {
@@ -135,11 +149,7 @@ TEST(Icons, Each_takes_the_one_colour_and_is_drawn_anew_at_every_size) {
             const QImage image = icon.pixmap(QSize(size, size), 1.0).toImage();
             EXPECT_EQ(image.size(), QSize(size, size));
             EXPECT_GT(Painted_pixels(image), size / 2) << name.toStdString();
-            for (int y = 0; y < size; ++y)
-                for (int x = 0; x < size; ++x)
-                    if (qAlpha(image.pixel(x, y)) == 255) {
-                        ASSERT_EQ(QColor(image.pixel(x, y)), QColor(200, 10, 20)) << name.toStdString();
-                    }
+            EXPECT_TRUE(Has_only_the_colour(image, qRgb(200, 10, 20))) << name.toStdString() << " " << size;
         }
     }
 }

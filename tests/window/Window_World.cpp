@@ -82,6 +82,7 @@ void Window_World::Fill_list(int missions, int originals) {
         list.rows.push_back(Mission_row(i));
     program_->SELECTED_GAME_TAB = "T2";
     ui.list_changed();
+    QCoreApplication::processEvents();
 }
 
 void Window_World::Select_mission(int row, bool installed) {

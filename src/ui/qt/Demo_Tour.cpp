@@ -31,7 +31,7 @@ constexpr int step_limit = 60 * 1000;   ///< milliseconds for one step
 constexpr int demo_limit = 300 * 1000;  ///< for making the library
 constexpr int play_limit = 120 * 1000;  ///< until the game has ended
 constexpr int picture_limit = 5 * 1000; ///< until the browser has painted
-constexpr int width = 1280, height = 800;
+constexpr int between_looks = 200;
 const char *const tour_game = "T2";
 
 /// Lets the program go on until `done`, or until the time is up.
@@ -58,13 +58,19 @@ void Click_middle(QWidget *widget) {
     Click(widget, widget->rect().center());
 }
 
-bool Is_one_colour(const QImage &image) {
-    const QRgb first = image.pixel(0, 0);
-    for (int y = 0; y < image.height(); y += 2)
-        for (int x = 0; x < image.width(); x += 2)
-            if (image.pixel(x, y) != first)
-                return false;
-    return true;
+/// The browser paints when it likes: the picture is taken once two looks in a row are the same and not empty.
+void Wait_for_the_browser(QWidget *view) {
+    QImage before;
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < picture_limit) {
+        Wait_until([] { return false; }, between_looks);
+        const QImage now = view->grab().toImage();
+        const bool painted = now != now.copy(0, 0, 1, 1).scaled(now.size());
+        if (painted && now == before)
+            return;
+        before = now;
+    }
 }
 
 class Tour {
@@ -103,7 +109,6 @@ int Tour::Run() {
         Tell("pictures", false, QStringLiteral("%1 can not be made").arg(folder_.path()));
         return 1;
     }
-    window_.resize(width, height);
     ui_.script->agrees = true;
     ui_.script->on_box = [](const Box &box, Answer) {
         std::printf("tour: box: %s\n",
@@ -123,14 +128,9 @@ bool Tour::Tell(const char *step, bool happened, const QString &text) {
 }
 
 void Tour::Save_picture(const QString &name) {
-    const auto *view = window_.readme->view();
-    if (view && window_.readme->shows_a_page())
-        Wait_until(
-            [this, view] {
-                return !window_.readme->is_loading() &&
-                       !Is_one_colour(const_cast<QWebEngineView *>(view)->grab().toImage());
-            },
-            picture_limit);
+    Wait_until([this] { return !window_.readme->is_loading(); }, picture_limit);
+    if (window_.readme->shows_a_page())
+        Wait_for_the_browser(window_.readme->view());
     QCoreApplication::processEvents();
     const QString file = QStringLiteral("%1_%2.png").arg(++picture_).arg(name);
     if (!window_.grab().save(folder_.filePath(file)))
@@ -240,6 +240,15 @@ bool Tour::Restore() {
 }
 
 } // namespace
+
+QString Tour_Settings::value(const QString &section, const QString &key) const {
+    const auto found = values_.find({section, key});
+    return found == values_.end() ? QString() : found->second;
+}
+
+void Tour_Settings::set_value(const QString &section, const QString &key, const QString &value) {
+    values_[{section, key}] = value;
+}
 
 int Run_demo_tour(Program &program, Qt_Ui &ui, frmMain &window, const QString &folder) {
     Tour tour(program, ui, window, folder);

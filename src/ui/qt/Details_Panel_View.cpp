@@ -164,6 +164,7 @@ QWidget *Details_Panel_View::Make_facts() {
     auto *flow = new Flow_Layout(6);
     for (const char *name : feature_names) {
         auto *chip = new QLabel(QLatin1String(name));
+        chip->setProperty("kind", QStringLiteral("chip_off"));
         chips_.push_back(chip);
         flow->addWidget(chip);
     }

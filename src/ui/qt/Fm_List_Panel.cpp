@@ -21,27 +21,27 @@
 
 namespace vantrosk {
 
-namespace {
-
 /// How a column shares the room: what it needs at least, what it likes, and its part of what is left.
 struct Column_Room {
     int least, likes, share;
 };
 
+namespace {
+
 constexpr std::array<Column_Room, column_count> column_rooms{{
     {0, 0, 0},     // the empty fixed column
-    {132, 230, 5}, // FM Name
-    {84, 140, 2},  // Zip
-    {76, 110, 2},  // Author
-    {68, 76, 0},   // Size
-    {58, 92, 0},   // Score
-    {74, 92, 0},   // Grp Score
-    {84, 88, 0},   // Last Played
-    {58, 90, 3},   // Review
-    {66, 76, 0},   // Finished
+    {128, 230, 5}, // FM Name
+    {80, 140, 2},  // Zip
+    {68, 110, 2},  // Author
+    {80, 84, 0},   // Size
+    {60, 92, 0},   // Score
+    {84, 96, 0},   // Grp Score
+    {96, 100, 0},  // Last Played
+    {62, 90, 3},   // Review
+    {74, 80, 0},   // Finished
     {54, 58, 0},   // Game
-    {54, 56, 0},   // Ready
-    {72, 82, 0},   // Zip Date
+    {56, 60, 0},   // Ready
+    {78, 82, 0},   // Zip Date
     {76, 150, 2},  // Category
 }};
 
@@ -96,8 +96,10 @@ Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *pare
             [this](int section, int, int width) { Remember_width(section, width); });
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex &current) { Follow_current(current); });
-    connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this,
-            [this] { program_.screen.list.top_row = table_->Top_row(); });
+    connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        if (!following_)
+            program_.screen.list.top_row = table_->Top_row();
+    });
     connect(empty_button_, &QPushButton::clicked, this, &Fm_List_Panel::Mission_folder_wanted);
     table_->viewport()->installEventFilter(this);
     Apply_tweaks();
@@ -236,6 +238,14 @@ void Fm_List_Panel::Fit_columns() {
             table_->setColumnWidth(column, std::max(widths_[column], narrowest_column));
 }
 
+/// A heading is never cut off, whatever the font.
+Column_Room Fm_List_Panel::Room_of(int column) const {
+    Column_Room room = column_rooms[column];
+    room.least = std::max(room.least, table_->horizontalHeader()->sectionSizeHint(column));
+    room.likes = std::max(room.likes, room.least);
+    return room;
+}
+
 /// Gives every column what it needs, then what it likes, then its share of the rest. No room at all stands
 /// for as much as they like.
 void Fm_List_Panel::Share_room(int room) {
@@ -243,15 +253,16 @@ void Fm_List_Panel::Share_room(int room) {
     for (int column = 1; column < column_count; ++column) {
         if (!Column_is_on(column))
             continue;
-        least += column_rooms[column].least;
-        likes += column_rooms[column].likes;
-        shares += column_rooms[column].share;
+        const Column_Room own = Room_of(column);
+        least += own.least;
+        likes += own.likes;
+        shares += own.share;
     }
     const int wanted = room > 0 ? room : likes;
-    const double wish = std::clamp((wanted - least) / double(likes - least), 0.0, 1.0);
+    const double wish = std::clamp((wanted - least) / double(std::max(1, likes - least)), 0.0, 1.0);
     const int rest = std::max(0, wanted - likes);
     for (int column = 1; column < column_count; ++column) {
-        const Column_Room &own = column_rooms[column];
+        const Column_Room own = Room_of(column);
         widths_[column] = own.least + int((own.likes - own.least) * wish) + rest * own.share / shares;
     }
     if (wanted >= least)

@@ -13,6 +13,7 @@ class QPushButton;
 namespace vantrosk {
 
 struct Program;
+struct Column_Room;
 class Fm_List_Find;
 class Fm_List_Model;
 class Fm_Table;
@@ -62,6 +63,7 @@ private:
     void Remember_width(int column, int width);
     void Refresh_empty_state();
     bool Column_is_on(int column) const;
+    Column_Room Room_of(int column) const;
     void Share_room(int room);
     void Fill_with_name(int room);
     QModelIndex Shown_index(int row, int column) const;

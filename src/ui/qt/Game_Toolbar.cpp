@@ -14,7 +14,7 @@ namespace vantrosk {
 
 namespace {
 
-constexpr int bar_width = 92, button_width = 80, margin = 6;
+constexpr int bar_width = 92, button_width = 88, margin = 6;
 
 /// [MAIN_TOOLBAR] knows three sizes of pictures; anything else gives the middle one.
 int Icon_size(int main_toolbar) {

@@ -65,6 +65,8 @@ void frmMain::Make_view_menu() {
                QStringLiteral("Finds in the list, or in the readme while one reads there"),
                [this] { Find_here(); });
     sort_menu_ = menu->addMenu(QStringLiteral("&Sort by"));
+    sort_menu_->setObjectName(QStringLiteral("sort_menu"));
+    sort_menu_->menuAction()->setToolTip(QStringLiteral("Sorts the list by a column"));
     for (int column = col_name; column < column_count; ++column) {
         auto *action = sort_menu_->addAction(QString());
         action->setData(column);

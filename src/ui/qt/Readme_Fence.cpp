@@ -32,7 +32,6 @@ void Switch_off(QWebEngineSettings *settings) {
         QWebEngineSettings::PdfViewerEnabled,
         QWebEngineSettings::LocalStorageEnabled,
         QWebEngineSettings::LocalContentCanAccessRemoteUrls,
-        QWebEngineSettings::LocalContentCanAccessFileUrls,
         QWebEngineSettings::HyperlinkAuditingEnabled,
         QWebEngineSettings::AutoLoadIconsForPage,
         QWebEngineSettings::DnsPrefetchEnabled,

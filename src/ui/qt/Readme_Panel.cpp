@@ -14,6 +14,9 @@
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
 #include <QWebEngineView>
 
 #include <algorithm>
@@ -24,6 +27,29 @@ namespace {
 
 constexpr int toolbar_height = 32, tool_icon = 18;
 constexpr double smallest_text = 0.5, largest_text = 3.0, text_step = 0.1;
+
+/// A page may name a font that is not here; what is shown instead is the window's.
+void Set_fonts(QWebEngineSettings *settings, const QString &family) {
+    settings->setFontFamily(QWebEngineSettings::StandardFont, family);
+    settings->setFontFamily(QWebEngineSettings::SansSerifFont, family);
+}
+
+/// The page's room and scroll bars in the manner of the window. It runs apart from the page's own world,
+/// where scripts are off.
+QWebEngineScript Page_manner() {
+    QWebEngineScript script;
+    script.setName(QStringLiteral("manner"));
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setSourceCode(
+        QStringLiteral("var sheet = document.createElement('style');"
+                       "sheet.textContent = 'body{padding:14px 22px 24px;line-height:1.4}"
+                       "::-webkit-scrollbar{width:12px;height:12px;background:transparent}"
+                       "::-webkit-scrollbar-thumb{background:#d5d9e4;border-radius:6px;border:2px solid #fff}"
+                       "::-webkit-scrollbar-thumb:hover{background:#8f97a8}';"
+                       "(document.head || document.documentElement).appendChild(sheet);"));
+    return script;
+}
 
 const char *const nothing_selected = "Select a mission in the list to read what its author wrote.";
 const char *const no_readme = "This mission brings no readme.";
@@ -128,11 +154,16 @@ void Readme_Panel::Make_view() {
     view_->setContextMenuPolicy(Qt::NoContextMenu);
     page_ = new Readme_Page(profile, *folders_, view_);
     view_->setPage(page_);
+    Set_fonts(page_->settings(), theme_.text.family());
+    page_->scripts().insert(Page_manner());
     stack_->addWidget(view_);
     Change_text_size(0);
     connect(page_, &Readme_Page::Link_clicked, this, &Readme_Panel::Link_clicked);
     connect(view_, &QWebEngineView::loadFinished, this, [this](bool ok) {
         loading_ = false;
+        if (is_new_page_)
+            view_->history()->clear();
+        is_new_page_ = false;
         Refresh_tools();
         Q_EMIT Page_shown(ok);
     });
@@ -155,7 +186,7 @@ void Readme_Panel::Show_page(const QString &page) {
     if (!view_)
         Make_view();
     stack_->setCurrentWidget(view_);
-    loading_ = true;
+    loading_ = is_new_page_ = true;
     view_->load(QUrl::fromLocalFile(path));
     Refresh_tools();
 }

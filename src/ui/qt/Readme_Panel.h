@@ -65,6 +65,7 @@ private:
     QLineEdit *find_text_;
     double text_size_ = 1.0;
     bool loading_ = false;
+    bool is_new_page_ = false; ///< "Back" does not lead to the mission before
 };
 
 } // namespace vantrosk

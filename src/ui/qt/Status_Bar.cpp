@@ -100,9 +100,9 @@ Status_Bar::Status_Bar(QWidget *parent)
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 1, 12, 0);
     row->setSpacing(0);
-    row->addWidget(panel_1_, 3);
+    row->addWidget(panel_1_, 2);
     row->addWidget(Divider());
-    row->addWidget(panel_2_, 4);
+    row->addWidget(panel_2_, 3);
     row->addWidget(progress_area_);
     row->addWidget(Divider());
     row->addWidget(count_);

@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -43,6 +44,22 @@ constexpr std::array<Autostart_Name, 8> autostart_names{{
     {"System Shock 2", "SS2"},
 }};
 
+QSize Size_of(const QString &text) {
+    static const QRegularExpression form(QStringLiteral("^(\\d{3,5})x(\\d{3,5})$"));
+    const auto match = form.match(text);
+    return match.hasMatch() ? QSize(match.captured(1).toInt(), match.captured(2).toInt()) : QSize();
+}
+
+void Read_value(Window_Options &options, const QString &word, const QString &value) {
+    const bool is_size = word == QLatin1String("--size");
+    if (is_size)
+        options.size = Size_of(value);
+    else
+        (word == QLatin1String("--home") ? options.home : options.tour_folder) = QDir(value).absolutePath();
+    if (value.isEmpty() || (is_size && options.size.isEmpty()))
+        options.fault = QStringLiteral("%1 needs a %2").arg(word, QLatin1String(is_size ? "size" : "folder"));
+}
+
 void List_first_game(Program &program, frmMain &window) {
     const auto found = std::find_if(autostart_names.begin(), autostart_names.end(), [&](const auto &row) {
         return program.tweaks.AUTOSTART_IN.compare(QLatin1String(row.name), Qt::CaseInsensitive) == 0;
@@ -55,14 +72,12 @@ void List_first_game(Program &program, frmMain &window) {
 
 Window_Options Read_window_options(const QStringList &arguments) {
     Window_Options options;
-    for (int i = 0; i < arguments.size(); ++i) {
+    const QStringList with_value{QStringLiteral("--home"), QStringLiteral("--tour"),
+                                 QStringLiteral("--size")};
+    for (int i = 0; i < arguments.size() && options.fault.isEmpty(); ++i) {
         const QString &word = arguments[i];
-        const bool has_value = word == QLatin1String("--home") || word == QLatin1String("--tour");
-        if (has_value && i + 1 == arguments.size())
-            options.fault = QStringLiteral("%1 needs a folder").arg(word);
-        else if (has_value)
-            (word == QLatin1String("--home") ? options.home : options.tour_folder) =
-                QDir(arguments[++i]).absolutePath();
+        if (with_value.contains(word))
+            Read_value(options, word, i + 1 < arguments.size() ? arguments[++i] : QString());
         else if (word == QLatin1String("--offer-demo"))
             options.offer_demo = true;
         else if (word == QLatin1String("--help"))
@@ -76,10 +91,12 @@ Window_Options Read_window_options(const QStringList &arguments) {
 }
 
 QString Window_usage() {
-    return QStringLiteral("vantrosk [--home DIR] [--offer-demo] [--tour DIR]\n"
+    return QStringLiteral("vantrosk [--home DIR] [--size WxH] [--offer-demo] [--tour DIR] [SWITCH]...\n"
                           "  --home DIR    the program's folder\n"
+                          "  --size WxH    the window's size in pixels, as 1280x800\n"
                           "  --offer-demo  offers the demo library when no game is set up\n"
-                          "  --tour DIR    drives the demo tour and saves a picture of each step in DIR\n");
+                          "  --tour DIR    drives the demo tour and saves a picture of each step in DIR\n"
+                          "  SWITCH        /debug, /resetdb, /resetscores, /resetuploads\n");
 }
 
 int Run_window(Platform &platform, const Window_Options &options, const QString &home) {
@@ -91,14 +108,20 @@ int Run_window(Platform &platform, const Window_Options &options, const QString 
         return 1;
     }
     const bool on_tour = !options.tour_folder.isEmpty();
-    if (on_tour)
+    if (on_tour) {
         ui.script.emplace();
+        platform.settings = std::make_unique<Tour_Settings>();
+    }
 
     Program program(platform, ui, app_path);
     std::unique_ptr<frmMain> window;
     Set_Later_Step(program, Later_Step::restore_window,
                    [&] { window = std::make_unique<frmMain>(program, ui); });
-    Set_Later_Step(program, Later_Step::show_window, [&] { window->Open(); });
+    Set_Later_Step(program, Later_Step::show_window, [&] {
+        window->Open();
+        if (!options.size.isEmpty())
+            window->resize(options.size);
+    });
     Set_Later_Step(program, Later_Step::focus_list, [&] { window->list->setFocusToList(); });
     const auto load = [&] {
         return Load_Stage(program, options.switches);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -11,6 +12,7 @@ struct Window_Options {
     QString home;        ///< the program's folder, native; empty for the default one
     QString tour_folder; ///< drives the demo tour and saves its pictures there
     QString switches;    ///< the words that begin with "/", between single blanks: left to the start
+    QSize size;          ///< of the window, in the place of the one that was kept; empty for none
     bool offer_demo = false;
     bool show_help = false;
     QString fault; ///< what is wrong with the command line; empty when nothing is

@@ -38,7 +38,7 @@ namespace vantrosk {
 namespace {
 
 constexpr int first_width = 1280, first_height = 800, least_width = 900, least_height = 600;
-constexpr int least_list_height = 28 + 6 * Fm_Table::row_height + 2; ///< heading and six rows
+constexpr int least_list_height = 28 + 7 * Fm_Table::row_height + 2; ///< heading, original missions, six rows
 constexpr int least_lower_height = 280;
 constexpr int details_width = 420, least_details_width = 340, least_readme_width = 300;
 constexpr int first_working_picture = 2, last_working_picture = 9;
@@ -63,7 +63,6 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     setWindowTitle(program.screen.caption);
     setMinimumSize(least_width, least_height);
     resize(first_width, first_height);
-    ui_.Attach(this);
 
     commands = new Window_Commands(program, this);
     games = new Game_Toolbar(program, theme_, nullptr);
@@ -79,7 +78,7 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     rows_->setChildrenCollapsible(false);
     rows_->addWidget(list);
     rows_->addWidget(Make_lower_half());
-    rows_->setStretchFactor(0, 1);
+    rows_->setStretchFactor(0, 0);
     rows_->setStretchFactor(1, 1);
 
     pages_->addWidget(empty_state);
@@ -104,6 +103,7 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     Refresh_games();
     Refresh_list();
     Refresh_details();
+    ui_.Attach(this);
 }
 
 frmMain::~frmMain() {
@@ -238,7 +238,7 @@ void frmMain::Open() {
         showMaximized();
     else
         show();
-    const int all = rows_->height();
+    const int all = rows_->height() - rows_->handleWidth();
     const int wanted = kept.list_height > 0 ? kept.list_height : std::max(least_list_height, all * 2 / 5);
     rows_->setSizes({wanted, std::max(least_lower_height, all - wanted)});
     Tell_geometry();
