@@ -110,6 +110,8 @@ Install_End Roll_back(Install_Run &run) {
 
 /// Past the guards.
 Install_End Run_stages(Install_Run &run) {
+    if (run.program.CURRENT_GAME == "T3")
+        debug_print(run.program, "MAIN FORM: RestoreT3Ini is not available");
     Start_recover_log(run.program);
     run.previous = Read_undo_list(run.program, run.program.CURRENT_GAME_PATH);
     run.leaving = What_is_leaving(run);

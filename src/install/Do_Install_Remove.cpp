@@ -1,3 +1,4 @@
+#include "audio/Wave.h"
 #include "core/Program.h"
 #include "core/mdlDB_Functions.h"
 #include "core/mdlDebug.h"
@@ -192,25 +193,34 @@ void Clear_installed_mark(Install_Run &run, const QString &zip_name) {
     Set_ready_cell(run.program, zip_name, "");
 }
 
+/// Removes what this pattern matches directly in a folder.
+void Remove_matching(Program &program, const QString &folder, const QRegularExpression &pattern) {
+    const auto listed = program.files.list_folder(folder);
+    for (const File_Info &entry : listed.value)
+        if (!entry.is_folder && pattern.match(entry.name).hasMatch())
+            (void)program.files.remove_file(Join_path(folder, entry.name));
+}
+
 /// Files that only a killed run leaves: written beside, never moved to their place.
 void Remove_leftovers(Install_Run &run) {
     if (!run.unfinished)
         return;
     Program &program = run.program;
-    static const QRegularExpression staged("^\\.vantrosk-[0-9a-f]+\\.tmp$");
+    static const QRegularExpression staged("^(\\.vantrosk-[0-9a-f]+\\.tmp|vantrosk_unzip\\.tmp)$");
+    static const QRegularExpression archive("^saves_.*\\.new$", QRegularExpression::CaseInsensitiveOption);
     const Save_Layout saves = Save_layout_of(program, run.leaving.game, program.CURRENT_GAME_PATH);
     QSet<QString> folders{Tidy_path(program.CURRENT_GAME_PATH), run.leaving.base.folder, run.base.folder,
                           saves.save_folder, Tidy_path(saves.backup_folder)};
     if (run.previous)
-        for (const QString &line : run.previous->files)
-            folders << Parent_path(run.leaving.base.path_of(line));
-    for (const QString &folder : folders) {
-        const auto listed = program.files.list_folder(folder);
-        for (const File_Info &entry : listed.value)
-            if (!entry.is_folder &&
-                (entry.name == unzip_temporary_name || staged.match(entry.name).hasMatch()))
-                (void)program.files.remove_file(Join_path(folder, entry.name));
-    }
+        for (const QString &line : run.previous->files) {
+            const QString path = run.leaving.base.path_of(line);
+            folders << Parent_path(path);
+            if (path.endsWith(".WAV", Qt::CaseInsensitive) && Is_below(path, run.leaving.base.folder))
+                (void)program.files.remove_file(path + wave_temporary_suffix);
+        }
+    for (const QString &folder : folders)
+        Remove_matching(program, folder, staged);
+    Remove_matching(program, Tidy_path(saves.backup_folder), archive);
     for (const Install_Base &base : {run.leaving.base, run.base})
         (void)program.files.remove_file(Join_path(base.folder, QString(backup_name) + zip_temporary_suffix));
 }
