@@ -23,7 +23,9 @@ struct Start_Result {
     qint64 process_id = 0;       ///< 0 when nothing runs
 };
 
-/// Starting and observing processes. A ".exe" or ".bat" goes through the runner, anything else is native.
+/// Starting and observing processes. A ".exe", ".bat" or ".com" goes through the runner, anything else is
+/// native. Where no runner is named and none is installed, a native program behind such a name is started as
+/// it is.
 class Processes {
 public:
     virtual ~Processes() = default;

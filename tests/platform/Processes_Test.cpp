@@ -185,6 +185,92 @@ TEST_F(Processes_Test, A_missing_runner_is_said_plainly) {
     }
 }
 
+/// Takes every runner away for its life: none in PATH, none in the environment.
+class No_Runner {
+public:
+    explicit No_Runner(const Platform_World &world) : path_(qgetenv("PATH")) {
+        qputenv("PATH", world.bytes("no programs"));
+        qunsetenv("VANTROSK_RUNNER");
+    }
+    ~No_Runner() {
+        qputenv("PATH", path_);
+        qunsetenv("VANTROSK_RUNNER");
+    }
+
+private:
+    QByteArray path_;
+};
+
+TEST_F(Processes_Test, Without_a_runner_a_native_program_is_started_as_it_is) {
+    const No_Runner no_runner(world);
+    world.write("game/Thief2.exe", QByteArray(script).replace("#!/bin/sh", "#!/bin/sh\nPATH=/bin:/usr/bin"),
+                0755);
+    const auto started =
+        processes.start({world.windows("game") + "\\thief2.EXE", "+map \"a b\" " + world.windows("game/tool"),
+                         world.windows("game")});
+    ASSERT_TRUE(started.ok()) << started.fault.text.toStdString();
+    const QStringList command{world.native("game/Thief2.exe"), "+map", "a b", world.native("game/tool")};
+    EXPECT_EQ(started.value.command, command);
+    EXPECT_EQ(started.value.working_folder_path, world.native("game"));
+    QStringList expected{world.native("game")};
+    for (const QString &argument : command)
+        expected << "[" + argument + "]";
+    EXPECT_EQ(told("game"), expected << world.native("prefix"));
+    let_go();
+    EXPECT_TRUE(Wait_until([&] { return !processes.is_running(started.value.process_id); }));
+}
+
+TEST_F(Processes_Test, Only_an_executable_script_or_elf_file_is_native) {
+    struct Row {
+        const char *name;
+        QByteArray content;
+        mode_t mode;
+        bool is_native;
+    };
+    const Row rows[] = {
+        {"script.exe", "#!/bin/sh\n", 0755, true},
+        {"script.BAT", "#!", 0755, true},
+        {"elf.com", "\177ELF\2\1\1", 0755, true},
+        {"fixed.exe", "#!/bin/sh\n", 0644, false},
+        {"windows.exe", "MZ\x90", 0755, false},
+        {"short.exe", "\177EL", 0755, false},
+        {"later.exe", "\n#!/bin/sh\n", 0755, false},
+        {"text.bat", "@echo off\r\n", 0755, false},
+        {"empty.exe", "", 0755, false},
+    };
+    const No_Runner no_runner(world);
+    for (const Row &row : rows) {
+        const QString file = QStringLiteral("game/") + row.name;
+        world.write(file, row.content, row.mode);
+        const auto command = processes.command_for({world.windows(file), {}, {}});
+        EXPECT_EQ(command.value.command, row.is_native ? QStringList(world.native(file)) : QStringList())
+            << row.name;
+        EXPECT_EQ(command.fault.kind, row.is_native ? Fault_Kind::none : Fault_Kind::not_available)
+            << row.name;
+    }
+}
+
+TEST_F(Processes_Test, A_runner_that_is_there_or_named_is_never_passed_over) {
+    world.write("game/Thief2.exe", script, 0755);
+    const Start_Request request{world.windows("game/Thief2.exe"), {}, {}};
+    const auto command = [&](const Platform &platform) {
+        const auto answer = platform.processes->command_for(request);
+        return answer.ok() ? answer.value.command.first() : answer.fault.text.section('"', 1, 1);
+    };
+    const No_Runner no_runner(world);
+    EXPECT_EQ(command(with_runner({})), world.native("game/Thief2.exe"));
+    EXPECT_EQ(command(with_runner("mine")), "mine");
+    world.platform.settings->set_value("PLATFORM", "RUNNER", "other");
+    EXPECT_EQ(command(with_runner({})), "other");
+    qputenv("VANTROSK_RUNNER", "third");
+    EXPECT_EQ(command(with_runner({})), "third");
+    qunsetenv("VANTROSK_RUNNER");
+    world.platform.settings->set_value("PLATFORM", "RUNNER", "");
+    EXPECT_EQ(command(with_runner({})), world.native("game/Thief2.exe"));
+    world.write("no programs/wine", script, 0755);
+    EXPECT_EQ(command(with_runner({})), world.native("no programs/wine"));
+}
+
 TEST_F(Processes_Test, A_missing_program_is_named) {
     for (const char *name : {"none.exe", "none", "none\\x.exe"}) {
         const auto started =

@@ -1,9 +1,8 @@
 #include "Platform_World.h"
 
+#include "support/Real_Wine.h"
+
 #include <QElapsedTimer>
-#include <QLockFile>
-#include <QProcess>
-#include <QStandardPaths>
 #include <QThread>
 
 #include <sched.h>
@@ -35,42 +34,13 @@ int wmain(int count, wchar_t **arguments) {
 class Wine_Start_Test : public testing::Test {
 protected:
     void SetUp() override {
-        wine_ = QStandardPaths::findExecutable("wine");
-        const QString compiler = QStandardPaths::findExecutable("x86_64-w64-mingw32-gcc");
-        if (wine_.isEmpty() || compiler.isEmpty())
-            GTEST_SKIP() << "wine or x86_64-w64-mingw32-gcc is not installed";
-        world.write("Hra Žluť/stub.c", source);
-        if (QProcess::execute(compiler, {"-municode", "-o", world.native("Hra Žluť/Thief2.exe"),
-                                         world.native("Hra Žluť/stub.c")}) != 0)
+        const Real_Wine wine = Find_real_wine();
+        if (!wine.refusal.isEmpty())
+            GTEST_SKIP() << wine.refusal.toStdString();
+        prefix = wine.prefix;
+        world.make_folder("Hra Žluť");
+        if (!Make_windows_program(source, world.native("Hra Žluť/Thief2.exe")))
             GTEST_SKIP() << "the compiler for Windows does not work";
-        qputenv("WINEDEBUG", "-all");
-        if (!make_prefix())
-            GTEST_SKIP() << "wine can not set up a prefix";
-    }
-
-    /// One prefix for all runs: making it takes a while.
-    bool make_prefix() {
-        prefix = QStringLiteral(VANTROSK_BINARY_DIR "/wine-prefix");
-        if (!QDir().mkpath(prefix))
-            return false;
-        QLockFile lock(prefix + ".lock");
-        lock.setStaleLockTime(0);
-        if (!lock.tryLock(100000))
-            return false;
-        if (QFile::exists(prefix + "/ready"))
-            return true;
-        QProcess wineboot;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("WINEPREFIX", prefix);
-        environment.insert("WINEDLLOVERRIDES", "mscoree,mshtml=");
-        wineboot.setProcessEnvironment(environment);
-        wineboot.setStandardOutputFile(QProcess::nullDevice());
-        wineboot.setStandardErrorFile(QProcess::nullDevice());
-        wineboot.start(wine_, {"wineboot", "-i"});
-        if (!wineboot.waitForFinished(90000) || wineboot.exitCode() != 0)
-            return false;
-        QFile ready(prefix + "/ready");
-        return ready.open(QIODevice::WriteOnly);
     }
 
     static bool wait_until(const std::function<bool()> &done) {
@@ -86,9 +56,6 @@ protected:
 
     Platform_World world;
     QString prefix;
-
-private:
-    QString wine_;
 };
 
 TEST_F(Wine_Start_Test, A_real_windows_program_is_started_observed_and_held_to_one_processor) {

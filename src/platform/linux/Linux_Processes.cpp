@@ -78,6 +78,14 @@ QString Find_in_path(const QString &name) {
     return {};
 }
 
+/// A script or a program of this system, whatever its name says.
+bool Is_native_program(const QByteArray &path) {
+    if (::access(path.constData(), X_OK) != 0)
+        return false;
+    const Result<QByteArray> start = Read_native_file(path, 4, Overlong::cut);
+    return start.ok() && (start.value.startsWith("#!") || start.value == "\177ELF");
+}
+
 cpu_set_t Cpu_set_of(quint64 mask) {
     cpu_set_t set;
     CPU_ZERO(&set);
@@ -106,7 +114,8 @@ private:
         qulonglong time = 0;
     };
 
-    QString runner_name() const;
+    QString named_runner() const;
+    QStringList native_command(const QByteArray &native, const QStringList &arguments) const;
     Result<QStringList> program_command(const Start_Request &request, const QByteArray &native) const;
     QString native_argument(const QString &argument) const;
     QByteArrayList environment() const;
@@ -117,14 +126,14 @@ private:
     QHash<qint64, Started> started_;
 };
 
-QString Linux_Processes::runner_name() const {
+/// Empty when nobody has named one.
+QString Linux_Processes::named_runner() const {
     if (!runner_.isEmpty())
         return runner_;
     const QString asked = qEnvironmentVariable("VANTROSK_RUNNER");
     if (!asked.isEmpty())
         return asked;
-    const QString set = settings_->value(QLatin1String(platform_section), QLatin1String(runner_key));
-    return set.isEmpty() ? QStringLiteral("wine") : set;
+    return settings_->value(QLatin1String(platform_section), QLatin1String(runner_key));
 }
 
 /// "C:\x" and the path in "--file=C:\x" in native form; what lies on no drive stays.
@@ -137,18 +146,28 @@ QString Linux_Processes::native_argument(const QString &argument) const {
     return native.isEmpty() ? argument : argument.left(start) + QString::fromUtf8(native);
 }
 
+QStringList Linux_Processes::native_command(const QByteArray &native, const QStringList &arguments) const {
+    QStringList command{QString::fromUtf8(native)};
+    for (const QString &argument : arguments)
+        command << native_argument(argument);
+    return command;
+}
+
 Result<QStringList> Linux_Processes::program_command(const Start_Request &request,
                                                      const QByteArray &native) const {
     Result<QStringList> result;
     const QStringList arguments = Split_arguments(request.arguments);
     if (!Needs_runner(request.program_path)) {
-        result.value << QString::fromUtf8(native);
-        for (const QString &argument : arguments)
-            result.value << native_argument(argument);
+        result.value = native_command(native, arguments);
         return result;
     }
-    const QString runner = runner_name();
+    const QString named = named_runner();
+    const QString runner = named.isEmpty() ? QStringLiteral("wine") : named;
     const QString found = Find_in_path(runner);
+    if (found.isEmpty() && named.isEmpty() && Is_native_program(native)) {
+        result.value = native_command(native, arguments);
+        return result;
+    }
     if (found.isEmpty()) {
         result.fault = {
             Fault_Kind::not_available,
