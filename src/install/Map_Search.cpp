@@ -52,9 +52,15 @@ void Add_maps_of(Program &program, const QString &pk4, QStringList &maps) {
         debug_print(program, "MAIN FORM: " + fault.text);
         return;
     }
-    for (int i = 1; i <= zip.FileCount() && maps.size() < most_maps; ++i)
-        if (zip.Filename(i).endsWith(".map", Qt::CaseInsensitive) && Can_be_passed(zip.Filename(i)))
-            maps << Map_name(zip.FileDirectory(i), zip.Filename(i));
+    for (int i = 1; i <= zip.FileCount() && maps.size() < most_maps; ++i) {
+        if (!zip.Filename(i).endsWith(".map", Qt::CaseInsensitive))
+            continue;
+        const QString map = Map_name(zip.FileDirectory(i), zip.Filename(i));
+        if (Can_be_passed(map))
+            maps << map;
+        else
+            debug_print(program, "MAIN FORM: no game can be told of the map \"" + map + "\"");
+    }
 }
 
 } // namespace
@@ -62,7 +68,7 @@ void Add_maps_of(Program &program, const QString &pk4, QStringList &maps) {
 QStringList Find_maps(Program &program) {
     Set_Status_Panel(program, 1, "Please Wait Determining what map to load.");
     QStringList maps;
-    for (const QString &name : program.MISSIONFILE.split(',', Qt::SkipEmptyParts)) {
+    for (const QString &name : program.fm.mission_files) {
         const QString pk4 = Find_pk4(program, name);
         if (!pk4.isEmpty())
             Add_maps_of(program, pk4, maps);

@@ -21,17 +21,23 @@ namespace {
 struct Plain_Start {
     const char *game;
     const char *program;
-    const char *engine;        ///< process whose processors are asked about afterwards; null for none
-    const char *second_engine; ///< the copy-protected engine's second process
-    bool shows_last_played;    ///< writes today's date into the list's cell
+    const char *better_program; ///< started instead when it is there; null for none
+    const char *engine;         ///< process whose processors are asked about afterwards; null for none
+    const char *second_engine;  ///< the copy-protected engine's second process
+    bool pauses_twice;          ///< before the question about the second process too
 };
-constexpr std::array<Plain_Start, 5> plain_starts{{
-    {"T1", "thief.exe", "thief.exe", nullptr, true},
-    {"TG", "thief.exe", "thief.exe", nullptr, true},
-    {"T2", "thief2.EXE", "thief2.exe", "thief2.icd", true},
-    {"T3", "T3.EXE", nullptr, nullptr, false},
-    {"T2X", "T2X.EXE", "thief2.exe", "thief2.icd", true},
+constexpr std::array<Plain_Start, 6> plain_starts{{
+    {"T1", "thief.exe", nullptr, "thief.exe", nullptr, false},
+    {"TG", "thief.exe", nullptr, "thief.exe", nullptr, false},
+    {"T2", "thief2.EXE", nullptr, "thief2.exe", "thief2.icd", true},
+    {"T3", "T3.EXE", nullptr, nullptr, nullptr, false},
+    {"T2X", "T2X.EXE", nullptr, "thief2.exe", "thief2.icd", false},
+    {"SS2", "SHOCK2.EXE", "SS2MTFIX.EXE", "shock2.exe", "shock2.icd", false},
 }};
+
+constexpr int pause_before_processors = 100; ///< milliseconds
+/// Tries a process: the copy-protected games hand over to a second one a moment after the start.
+constexpr int processor_tries = 2;
 
 constexpr std::array<const char *, 2> thief_2_scripts{"convict.osm", "darkhooks.dlx"};
 
@@ -66,12 +72,13 @@ QStringList Missing_scripts(Program &program) {
     return missing;
 }
 
-void Touch_last_played(Program &program, bool in_list_too) {
-    DB_Touch_Last_Played(program, program.FM_PANEL);
-    if (Is_original_row(program.FM_PANEL) || !in_list_too)
+/// The mission counts as played today, whatever comes of the start.
+void Touch_last_played(Program &program) {
+    if (Is_original_row(program.FM_PANEL))
         return;
+    DB_Touch_Last_Played(program, program.FM_PANEL);
     const int row = program.screen.list.find_zip(program.FM_PANEL);
-    if (row < 0)
+    if (row < 0 || program.CURRENT_GAME == "T3")
         return;
     program.screen.list.rows[static_cast<std::size_t>(row)].cells[col_last_played] =
         QLocale::c().toString(program.clock.now().date(), "dd/MMM/yy");
@@ -93,21 +100,24 @@ Play_Result Start_game(Program &program, const QString &file, const QString &arg
     return result;
 }
 
-/// Two tries a process: the copy-protected games hand over to a second one a moment after the start.
-void Ask_processors(Program &program, const char *process) {
-    if (!process)
+void Ask_processors(Program &program, const Plain_Start &row) {
+    if (!row.engine)
         return;
-    program.clock.sleep(100);
-    Cores_Running_on(program, process, 2, false);
+    program.clock.sleep(pause_before_processors);
+    Cores_Running_on(program, row.engine, processor_tries, false);
+    if (!row.second_engine)
+        return;
+    if (row.pauses_twice)
+        program.clock.sleep(pause_before_processors);
+    Cores_Running_on(program, row.second_engine, processor_tries, false);
 }
 
 Play_Result Start_plainly(Program &program, const Plain_Start &row) {
-    Touch_last_played(program, row.shows_last_played);
-    const Play_Result result = Start_game(program, row.program, {});
-    if (result.started) {
-        Ask_processors(program, row.engine);
-        Ask_processors(program, row.second_engine);
-    }
+    const bool has_better =
+        row.better_program && FileExists(program, program.CURRENT_GAME_PATH + "\\" + row.better_program);
+    const Play_Result result = Start_game(program, has_better ? row.better_program : row.program, {});
+    if (result.started)
+        Ask_processors(program, row);
     return result;
 }
 
@@ -115,23 +125,8 @@ Play_Result Start_dark_metal(Program &program) {
     Set_Status_Light(program, 2);
     const bool wanted = Ask_Yes_No(
         program, "", "Dark Metal is not yet fully supported, however you can still try to run it?.");
-    Play_Result result;
-    if (wanted) {
-        Touch_last_played(program, true);
-        result = Start_game(program, "thief2.exe", {});
-    }
+    const Play_Result result = wanted ? Start_game(program, "thief2.exe", {}) : Play_Result{};
     Set_Status_Light(program, 1);
-    return result;
-}
-
-Play_Result Start_shock(Program &program) {
-    Touch_last_played(program, true);
-    const bool has_fix = FileExists(program, program.CURRENT_GAME_PATH + "\\ss2mtfix.exe");
-    const Play_Result result = Start_game(program, has_fix ? "SS2MTFIX.EXE" : "SHOCK2.EXE", {});
-    if (result.started) {
-        Ask_processors(program, "shock2.exe");
-        Ask_processors(program, "shock2.icd");
-    }
     return result;
 }
 
@@ -148,7 +143,6 @@ Play_Result Start_without_map(Program &program) {
 }
 
 Play_Result Start_doom(Program &program) {
-    Touch_last_played(program, true);
     if (Is_original_row(program.FM_PANEL))
         return Start_game(program, "doom3.EXE", {});
     const QStringList maps = Find_maps(program);
@@ -191,7 +185,6 @@ Play_Result Start_dark_mod_mission(Program &program, const QString &map) {
                        "as a Doom 3 Map, do you want to do this");
         return as_map ? Start_game(program, "doom3.EXE", "+map " + As_argument(map)) : Play_Result{};
     }
-    program.ini.DMOD_INSTALLED = true;
     QString name = FileNameFromPath(map);
     name.replace(".map", "", Qt::CaseInsensitive);
     name = As_argument(name);
@@ -214,27 +207,38 @@ Play_Result Start_dark_mod_originals(Program &program) {
 }
 
 Play_Result Start_dark_mod(Program &program) {
-    Touch_last_played(program, true);
     if (Is_original_row(program.FM_PANEL))
         return Start_dark_mod_originals(program);
     const QStringList maps = Find_maps(program);
     return maps.isEmpty() ? Start_without_map(program) : Start_dark_mod_mission(program, maps.first());
 }
 
+struct Asking_Start {
+    const char *game;
+    Play_Result (*start)(Program &program);
+};
+constexpr std::array<Asking_Start, 3> asking_starts{{
+    {"DM", Start_dark_metal},
+    {"DOOM", Start_doom},
+    {"DMOD", Start_dark_mod},
+}};
+
 Play_Result Start_by_game(Program &program) {
-    for (const Plain_Start &row : plain_starts)
-        if (program.CURRENT_GAME == QLatin1String(row.game))
-            return Start_plainly(program, row);
-    if (program.CURRENT_GAME == "DM")
-        return Start_dark_metal(program);
-    if (program.CURRENT_GAME == "SS2")
-        return Start_shock(program);
-    if (program.CURRENT_GAME == "DOOM")
-        return Start_doom(program);
-    if (program.CURRENT_GAME == "DMOD")
-        return Start_dark_mod(program);
-    return Refused(program,
-                   QStringLiteral("Vantrosk does not know how to start \"%1\"").arg(program.CURRENT_GAME));
+    for (const Plain_Start &row : plain_starts) {
+        if (program.CURRENT_GAME != QLatin1String(row.game))
+            continue;
+        Touch_last_played(program);
+        return Start_plainly(program, row);
+    }
+    for (const Asking_Start &row : asking_starts) {
+        if (program.CURRENT_GAME != QLatin1String(row.game))
+            continue;
+        Touch_last_played(program);
+        return row.start(program);
+    }
+    Play_Result result;
+    result.refusal = QStringLiteral("Vantrosk does not know how to start \"%1\"").arg(program.CURRENT_GAME);
+    return result;
 }
 
 } // namespace
@@ -253,7 +257,7 @@ Play_Result Play_Command(Program &program) {
     Set_Status_Panel(program, 1, "Tools started, now starting game.");
     const Play_Result result = Start_by_game(program);
     Set_Status_Panel(program, 1, result.refusal);
-    Set_Status_Light(program, result.refusal.isEmpty() ? 1 : 11);
+    Set_Status_Light(program, 1);
     debug_print(program, "MAIN FORM: End Playing the game");
     return result;
 }
