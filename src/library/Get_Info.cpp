@@ -6,6 +6,7 @@
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "library/Info_Run.h"
+#include "readme/mdlHTML_stuff.h"
 
 namespace vantrosk {
 
@@ -102,6 +103,8 @@ void Take_findings(Program &program, const Info_Run &run) {
 void Read_fields(Program &program) {
     if (program.TEXTFILENAME.endsWith(QLatin1String(".TXT"), Qt::CaseInsensitive))
         Get_TXT_Readme_info(program, In_info(program, program.TEXTFILENAME));
+    if (!program.fm.RTF_readme.isEmpty())
+        Get_TXT_Readme_info(program, In_info(program, rtf_text_name));
     if (!program.fm.VKML_readme.isEmpty())
         Get_VKML_Readme_info(program, In_info(program, program.fm.VKML_readme));
 }

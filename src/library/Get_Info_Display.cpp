@@ -3,11 +3,24 @@
 #include "core/mdlFormDisplayFunctions.h"
 #include "library/Info_Run.h"
 #include "library/fields/Readme_Fields.h"
+#include "readme/Rtf_Reader.h"
 #include "readme/mdlHTML_stuff.h"
 
 namespace vantrosk {
 
 namespace {
+
+/// Reduces an RTF readme to a text file beside it; its path, empty when there is none.
+QString Rtf_text(Program &program, const QString &path) {
+    Write_debug_log(program, "Loading Rich Text File.");
+    const Result<QByteArray> document = program.files.read_start(path, rtf_limit);
+    if (!document.ok()) {
+        debug_print(program, "MAIN FORM: " + document.fault.text);
+        return {};
+    }
+    Write_debug_log(program, "Rich Text File Loaded.");
+    return Write_RTF_Text(program, Text_of_rtf(document.value), program.paths.info);
+}
 
 /// The page or file that the browser is to show; empty for none.
 QString Readme_page(Program &program) {
@@ -18,7 +31,7 @@ QString Readme_page(Program &program) {
         return FileExists(program, path) ? path : QString();
     }
     if (!program.fm.RTF_readme.isEmpty())
-        return Render_RTF_Notice(program, In_info(program, program.fm.RTF_readme));
+        return Render_Text_Readme(program, Rtf_text(program, In_info(program, program.fm.RTF_readme)));
     if (!program.fm.VKML_readme.isEmpty())
         return Render_VKML_Readme(program, In_info(program, program.fm.VKML_readme));
     return {};

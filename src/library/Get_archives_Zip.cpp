@@ -1,6 +1,8 @@
 #include "core/mdlFile_Functions.h"
 #include "library/Scan.h"
 #include "library/fields/Readme_Fields.h"
+#include "readme/Rtf_Reader.h"
+#include "readme/mdlHTML_stuff.h"
 
 #include <QRegularExpression>
 
@@ -263,6 +265,33 @@ void Take_lines(Zip_Record &zip, const QStringList &lines, void (*take_line)(Zip
     }
 }
 
+/// At most `readme_limit` bytes of an entry; none when it can not be read.
+QByteArray Read_entry_start(Program &program, const Zip_Record &zip, int number) {
+    const Result<QByteArray> content = zip.unzip->Read_entry(number, readme_limit);
+    if (!content.ok())
+        debug_print(program, "MAIN FORM: " + zip.zip_name + " can not be read: " + content.fault.text);
+    return content.ok() ? content.value : QByteArray();
+}
+
+void Read_vkml_readme(Program &program, Zip_Record &zip) {
+    for (const Selected_Entry &file : zip.extracted) {
+        if (file.name.compare(zip.vkml_readme, Qt::CaseInsensitive) == 0)
+            Take_lines(zip, Read_entry_lines(program, zip, file.number), Take_vkml_line);
+    }
+}
+
+void Read_rtf_readme(Program &program, Zip_Record &zip) {
+    for (const Selected_Entry &file : zip.extracted) {
+        if (file.name.compare(zip.rtf_readme, Qt::CaseInsensitive) != 0)
+            continue;
+        const QString text = Text_of_rtf(Read_entry_start(program, zip, file.number));
+        Write_RTF_Text(program, text, program.paths.temp);
+        Take_lines(zip, Split_lines(text), Take_text_line);
+        if (!zip.name.isEmpty())
+            return;
+    }
+}
+
 void Read_text_readmes(Program &program, Zip_Record &zip) {
     qint64 bytes_read = 0;
     for (const Selected_Entry &file : zip.extracted) {
@@ -317,15 +346,11 @@ void List_zip(Program &program, const Scan &scan, Zip_Record &zip, const QString
 }
 
 QStringList Read_entry_lines(Program &program, const Zip_Record &zip, int number) {
-    Result<QByteArray> content = zip.unzip->Read_entry(number, readme_limit);
-    if (!content.ok()) {
-        debug_print(program, "MAIN FORM: " + zip.zip_name + " can not be read: " + content.fault.text);
-        return {};
-    }
+    QByteArray content = Read_entry_start(program, zip, number);
     // The bound may have cut a character in two.
-    if (content.value.size() >= readme_limit)
-        content.value.truncate(content.value.lastIndexOf('\n') + 1);
-    return Split_lines(Decode_text(content.value));
+    if (content.size() >= readme_limit)
+        content.truncate(content.lastIndexOf('\n') + 1);
+    return Split_lines(Decode_text(content));
 }
 
 void Read_readme(Program &program, Zip_Record &zip) {
@@ -334,16 +359,12 @@ void Read_readme(Program &program, Zip_Record &zip) {
     const QString readme = zip.vkml_readme + zip.rtf_readme + zip.text_readme;
     Write_debug_log(program, "Extracting " + readme + " readme file to scan");
     zip.extracted = Extracted_files(zip.selected);
-    if (!zip.vkml_readme.isEmpty()) {
-        for (const Selected_Entry &file : zip.extracted) {
-            if (file.name.compare(zip.vkml_readme, Qt::CaseInsensitive) == 0)
-                Take_lines(zip, Read_entry_lines(program, zip, file.number), Take_vkml_line);
-        }
-    } else if (!zip.rtf_readme.isEmpty()) {
-        debug_print(program, "MAIN FORM: rich text readmes give no fields yet: " + zip.rtf_readme);
-    } else {
+    if (!zip.vkml_readme.isEmpty())
+        Read_vkml_readme(program, zip);
+    else if (!zip.rtf_readme.isEmpty())
+        Read_rtf_readme(program, zip);
+    else
         Read_text_readmes(program, zip);
-    }
 }
 
 } // namespace vantrosk

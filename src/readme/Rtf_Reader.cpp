@@ -14,7 +14,6 @@ namespace vantrosk {
 
 namespace {
 
-constexpr qsizetype document_limit = 8 << 20;
 constexpr qsizetype word_limit = 32; // letters; longer words are read to their end and mean nothing
 constexpr std::size_t stored_groups = 1000;
 constexpr qsizetype marks_limit = 64; // bytes
@@ -407,7 +406,7 @@ QString Text_of_other(const QByteArray &bytes) {
 } // namespace
 
 QString Text_of_rtf(const QByteArray &bytes) {
-    const QByteArray document = bytes.left(document_limit);
+    const QByteArray document = bytes.left(rtf_limit);
     const qsizetype start = Start_of_rtf(document);
     return start < 0 ? Text_of_other(document) : Rtf_Reader(QByteArrayView(document).sliced(start)).text();
 }

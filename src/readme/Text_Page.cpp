@@ -84,11 +84,13 @@ QString Render_Notice(Program &program, const QString &page_path, const QString 
                           page_end);
 }
 
-QString Render_RTF_Notice(Program &program, const QString &path) {
-    const QString name = FileNameFromPath(path);
-    return Render_Notice(program, Page_Path(path), name,
-                         "This mission's readme is an RTF file (" + name +
-                             "). Vantrosk shows text and VKML readmes so far.");
+QString Write_RTF_Text(Program &program, const QString &text, const QString &folder) {
+    const QString path = folder + rtf_text_name;
+    if (const Fault fault = Write_text_lines(program, path, Split_lines(text))) {
+        debug_print(program, "FUNCTIONS: " + fault.text);
+        return {};
+    }
+    return path;
 }
 
 } // namespace vantrosk

@@ -7,6 +7,8 @@ namespace vantrosk {
 
 struct Program;
 
+inline constexpr const char *rtf_text_name = "temprtf.txt";
+
 /// The opening of every generated page: style sheet from the font tweaks, meta line, body tag. `full_width`
 /// takes the body's margins away; `with_background` lays the selected mission's background picture below.
 QString Page_Head(const Program &program, bool full_width, bool with_background);
@@ -34,8 +36,9 @@ QString Page_Path(const QString &readme_path);
 QString Render_Text_Readme(Program &program, const QString &path);
 /// A ".vkml" readme as a page beside it, its tags turned into mark-up. Empty in the same cases.
 QString Render_VKML_Readme(Program &program, const QString &path);
-/// The page that stands in for an ".rtf" readme.
-QString Render_RTF_Notice(Program &program, const QString &path);
+/// Keeps the text of an ".rtf" readme as `rtf_text_name` in `folder`, which ends in "\"; its path, empty when
+/// it can not be written.
+QString Write_RTF_Text(Program &program, const QString &text, const QString &folder);
 /// A page of a heading and a sentence at `page_path`; empty when it can not be written.
 QString Render_Notice(Program &program, const QString &page_path, const QString &heading,
                       const QString &text);

@@ -127,15 +127,40 @@ TEST_F(Info_Zip, A_vkml_readme_gives_fields_and_page) {
     EXPECT_TRUE(page().contains("<td class='VKSUBTITLE'>A 'Thief 2' Fan Mission</td>"));
 }
 
-TEST_F(Info_Zip, An_rtf_readme_is_named_and_its_fields_are_not_guessed) {
-    record("T2", ",FM_name", ",'The Vault'");
-    examine({a_mission, {"Readme.rtf", "{\\rtf1 Title : X}", {}}, {"titles.str", "x", {}}});
-    EXPECT_EQ(program.fm.readme_page, info_path("Readme.htm"));
-    EXPECT_TRUE(
-        page().contains("This mission's readme is an RTF file (Readme.rtf). Vantrosk shows text and VKML "
-                        "readmes so far."));
-    EXPECT_EQ(details().name, "The Vault");
-    EXPECT_EQ(details().author, "");
+namespace {
+
+const Zip_Entry rtf_readme{
+    "Readme.rtf",
+    "{\\rtf1\\ansi\\ansicpg1250{\\info{\\title Title : Wrong}}\\b Title : P\\'f8\\'edstav\\par\r\n"
+    "Author : Ann\\par\r\nGame : Thief 2\\par {\\pict 0102}}",
+    {}};
+
+} // namespace
+
+TEST_F(Info_Zip, An_rtf_readme_is_shown_as_text_and_gives_the_fields) {
+    examine({a_mission, rtf_readme});
+    EXPECT_EQ(program.fm.readme_page, info_path("temprtf.htm"));
+    EXPECT_EQ(info_files(), (QStringList{"Readme.rtf", "VKIMAGES/", "temprtf.htm", "temprtf.txt"}));
+    EXPECT_EQ(QString::fromUtf8(world.read("home/info/temprtf.txt")),
+              u"Title : P\u0159\u00EDstav\r\nAuthor : Ann\r\nGame : Thief 2\r\n"_qs);
+    const QStringList fields{details().name, details().author, details().game, program.CURRENT_GAME};
+    EXPECT_EQ(fields, (QStringList{u"P\u0159\u00EDstav"_qs, "Ann", "Thief 2", "T2"}));
+    EXPECT_TRUE(page().contains("<td class='VKSUBTITLE'>A 'Thief 2' Fan Mission</td>"));
+    EXPECT_FALSE(page().contains("Wrong"));
+    EXPECT_TRUE(QString::fromUtf8(world.read("home/debug.log"))
+                    .contains("Loading Rich Text File.\r\nRich Text File Loaded.\r\n"));
+}
+
+TEST_F(Info_Zip, An_rtf_readme_is_the_same_page_with_the_tweak_off) {
+    program.tweaks.VIEW_RTF_AS_VKML = false;
+    examine({a_mission, rtf_readme});
+    EXPECT_EQ(program.fm.readme_page, info_path("temprtf.htm"));
+}
+
+TEST_F(Info_Zip, An_rtf_readme_without_text_leaves_the_page_blank) {
+    examine({a_mission, {"Readme.rtf", "{\\rtf1{\\pict 0102}}", {}}});
+    EXPECT_EQ(program.fm.readme_page, "");
+    EXPECT_EQ(details().name, "");
 }
 
 TEST_F(Info_Zip, A_contact_stands_in_for_a_missing_author) {

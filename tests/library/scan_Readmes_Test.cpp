@@ -46,6 +46,30 @@ TEST(Scan_Readmes, A_vkml_readme_gives_all_three_fields) {
     EXPECT_EQ(world.game_of("vault.zip"), "T2");
 }
 
+TEST(Scan_Readmes, A_rich_text_readme_gives_all_three_fields) {
+    Scan_World world;
+    world.zips("vault.zip",
+               {{"a.mis", "m", {}},
+                {"A.rtf", "{\\rtf1 Title: Decoy\\par}", {}},
+                {"x/Readme.rtf",
+                 "{\\rtf1\\ansi\\ansicpg1250{\\info{\\title Title: Wrong}}\\b Title: P\\'f8\\'edstav\\par "
+                 "Author: Ann\\~Rich\\line Game: Thief 2\\par}",
+                 {}}});
+    world.scan();
+    EXPECT_EQ(world.cell("vault.zip", col_name), u"P\u0159\u00EDstav"_qs);
+    EXPECT_EQ(world.cell("vault.zip", col_author), u"Ann\u00A0Rich"_qs);
+    EXPECT_EQ(world.game_of("vault.zip"), "T2");
+    EXPECT_EQ(QString::fromUtf8(world.read("home/temp/temprtf.txt")),
+              u"Title: P\u0159\u00EDstav\r\nAuthor: Ann\u00A0Rich\r\nGame: Thief 2\r\n"_qs);
+    EXPECT_EQ(world.info_files(), QStringList());
+}
+
+TEST(Scan_Readmes, A_broken_rich_text_readme_is_read_as_far_as_it_goes) {
+    EXPECT_EQ(Name_with({{"a.rtf", "{\\rtf1{\\b Title: Cut\\par Author: A", {}}}), "Cut");
+    EXPECT_EQ(Name_with({{"a.rtf", Readme("Plain"), {}}}), "Plain");
+    EXPECT_EQ(Name_with({{"a.rtf", "", {}}}), "vault.zip");
+}
+
 TEST(Scan_Readmes, A_rich_text_readme_shuts_out_the_text_readmes) {
     EXPECT_EQ(Name_with({{"readme.txt", Readme("Plain"), {}}, {"story.rtf", "{\\rtf1 x}", {}}}), "vault.zip");
     EXPECT_EQ(Name_with({{"story.rtf", "{\\rtf1 x}", {}}, {"readme.txt", Readme("Plain"), {}}}), "vault.zip");

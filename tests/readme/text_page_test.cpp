@@ -127,15 +127,18 @@ TEST_F(Text_Page_Test, The_source_is_never_changed) {
     EXPECT_EQ(world.read("readme.txt"), "a\nb\n");
 }
 
-TEST_F(Text_Page_Test, An_rtf_readme_gets_a_page_that_says_what_it_is) {
-    world.write("fm/<b>'x'.rtf", "{\\rtf1}");
-    EXPECT_EQ(Render_RTF_Notice(program, world.windows("fm") + "\\<b>'x'.rtf"),
-              world.windows("fm") + "\\<b>'x'.htm");
-    const QString html = QString::fromUtf8(world.read("fm/<b>'x'.htm"));
-    EXPECT_TRUE(html.contains("This mission's readme is an RTF file (&lt;b&gt;'x'.rtf). Vantrosk shows text "
-                              "and VKML readmes so far."))
-        << html.toStdString();
-    EXPECT_FALSE(html.contains("<b>"));
+TEST_F(Text_Page_Test, The_text_of_an_rtf_readme_is_kept_as_a_text_file) {
+    const QString folder = world.windows("home") + "\\INFO\\";
+    EXPECT_EQ(Write_RTF_Text(program, u"Title : Na\u00EFve\n\nb"_qs, folder), folder + "temprtf.txt");
+    EXPECT_EQ(world.read("home/info/temprtf.txt"), "Title : Na\xC3\xAFve\r\n\r\nb\r\n");
+    EXPECT_EQ(Render_Text_Readme(program, folder + "temprtf.txt"), folder + "temprtf.htm");
+}
+
+TEST_F(Text_Page_Test, The_text_of_an_rtf_readme_that_can_not_be_kept_has_no_path) {
+    world.make_folder("home/info/temprtf.txt/in the way");
+    program.trace.enabled = true;
+    EXPECT_EQ(Write_RTF_Text(program, "a", world.windows("home") + "\\INFO\\"), "");
+    EXPECT_FALSE(world.ui.trace.isEmpty());
 }
 
 TEST_F(Text_Page_Test, A_notice_shows_heading_and_reason_as_text) {
