@@ -52,13 +52,16 @@ Staged_File::~Staged_File() {
 }
 
 Fault Staged_File::open() {
-    QFile::remove(file_.fileName());
-    errno = 0;
     // New only: a link of that name must not lead elsewhere.
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-        return Fault_of_system(errno, QFileInfo(target_).fileName());
-    exists_ = true;
-    return {};
+    constexpr auto mode = QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered;
+    errno = 0;
+    exists_ = file_.open(mode);
+    int number = errno;
+    if (!exists_ && QFile::remove(file_.fileName())) {
+        exists_ = file_.open(mode);
+        number = errno;
+    }
+    return exists_ ? Fault{} : Fault_of_system(number, QFileInfo(target_).fileName());
 }
 
 Fault Staged_File::write(const char *bytes, qint64 count) {

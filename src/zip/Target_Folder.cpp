@@ -28,11 +28,12 @@ Fault Target_Folder::prepare() {
     return {};
 }
 
-Result<QString> Target_Folder::place(const QStringList &parts) {
+Result<Target_Folder::Place> Target_Folder::place(const QStringList &parts) {
     const Result<Level *> folder = level(parts.mid(0, parts.size() - 1));
     if (!folder.ok())
         return {{}, folder.fault};
-    return {folder.value->native + "/" + spelling(*folder.value, parts.last()), {}};
+    const QString name = spelling(*folder.value, parts.last());
+    return {{folder.value->native + "/" + name, folder.value->exact.contains(name)}, {}};
 }
 
 void Target_Folder::note_file(const QString &native_path) {

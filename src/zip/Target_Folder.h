@@ -19,8 +19,13 @@ public:
 
     /// Makes the folder when it is missing.
     Fault prepare();
-    /// The native path for a file of these parts, its folders made. The parts are safe ones.
-    Result<QString> place(const QStringList &parts);
+    /// Where a file goes.
+    struct Place {
+        QString native;
+        bool taken = false; ///< something of that name is there
+    };
+    /// The place of a file of these parts, its folders made. The parts are safe ones.
+    Result<Place> place(const QStringList &parts);
     /// To be told of each file written, so that the next entry of that name finds it.
     void note_file(const QString &native_path);
     /// Native path of the folder itself.

@@ -1,9 +1,9 @@
 #include "zip/Zip_Archive.h"
 
 #include "platform/Staged_File.h"
+#include "zip/Archive_Source.h"
 #include "zip/Entry_List.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -37,19 +37,22 @@ constexpr Zip_Text zip_texts[] = {
     {ZIP_ER_MEMORY, Fault_Kind::too_large, "There is not enough memory for \"%1\"."},
 };
 
-/// The archive that begins behind so many bytes of a file: libzip alone counts offsets from the file's start.
-Zip_Handle Open_behind(const QString &native, qint64 bytes_before) {
-    if (bytes_before <= 0)
-        return {};
+/// The archive that begins at some place in a file.
+Result<Zip_Handle> Open_at(const QString &native, qint64 start, const QString &name) {
+    int system_error = 0;
+    zip_source_t *source = Archive_Source::Make(native, start, system_error);
+    if (!source && (system_error == EACCES || system_error == EPERM))
+        return {{}, {Fault_Kind::no_access, QString("\"%1\" may not be read.").arg(name), system_error}};
+    if (!source)
+        return {{}, Fault_of_zip(ZIP_ER_READ, name)};
     zip_error_t error;
     zip_error_init(&error);
-    zip_source_t *source = zip_source_file_create(QFile::encodeName(native).constData(),
-                                                  static_cast<zip_uint64_t>(bytes_before), -1, &error);
-    Zip_Handle archive(source ? zip_open_from_source(source, ZIP_RDONLY, &error) : nullptr);
-    if (source && !archive)
-        zip_source_free(source);
+    Zip_Handle archive(zip_open_from_source(source, ZIP_RDONLY, &error));
+    const Fault fault = archive ? Fault{} : Fault_of_zip(error, name);
     zip_error_fini(&error);
-    return archive;
+    if (!archive)
+        zip_source_free(source);
+    return {std::move(archive), fault};
 }
 
 } // namespace
@@ -61,8 +64,6 @@ Fault Fault_of_zip(zip_error_t &error, const QString &name) {
         code == ZIP_ER_WRITE || code == ZIP_ER_TMPOPEN || code == ZIP_ER_RENAME || code == ZIP_ER_CLOSE;
     if (about_writing)
         return Fault_of_system(number ? number : EIO, name);
-    if (code == ZIP_ER_OPEN && number == EACCES)
-        return {Fault_Kind::no_access, QString("\"%1\" may not be read.").arg(name), number};
     for (const Zip_Text &row : zip_texts)
         if (row.zip_error == code)
             return {row.kind, QString::fromLatin1(row.text).arg(name), number};
@@ -96,16 +97,16 @@ Fault Check_archive_file(const QString &native, const QString &name) {
 Result<Zip_Handle> Open_zip(const QString &native, const QString &name) {
     if (const Fault fault = Check_archive_file(native, name))
         return {{}, fault};
-    int code = ZIP_ER_OK;
-    errno = 0;
-    Zip_Handle archive(zip_open(QFile::encodeName(native).constData(), ZIP_RDONLY, &code));
-    if (archive)
-        return {std::move(archive), {}};
-    if (code == ZIP_ER_OPEN && errno == EACCES)
-        return {{}, {Fault_Kind::no_access, QString("\"%1\" may not be read.").arg(name), EACCES}};
-    if (Zip_Handle behind = Open_behind(native, Bytes_before_archive(native)))
-        return {std::move(behind), {}};
-    return {{}, Fault_of_zip(code, name)};
+    Result<Zip_Handle> opened = Open_at(native, 0, name);
+    if (opened.ok())
+        return opened;
+    // libzip counts offsets from the file's start and does not look for an archive behind other bytes.
+    if (const qint64 before = Bytes_before_archive(native)) {
+        Result<Zip_Handle> behind = Open_at(native, before, name);
+        if (behind.ok())
+            return behind;
+    }
+    return opened;
 }
 
 Entry_Reader::Entry_Reader(zip_t *archive, zip_uint64_t index, const QString &name, qint64 size)

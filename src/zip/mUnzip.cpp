@@ -66,20 +66,20 @@ Fault Copy_content(Extraction &run, const Listed_Entry &entry, Staged_File &file
 
 Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Progress &progress) {
     const QStringList parts = run.use_folder_names ? Entry_name_parts(entry.name()) : QStringList{entry.file};
-    const Result<QString> place = run.target.place(parts);
-    if (!place.ok())
-        return place.fault;
-    const QFileInfo existing(place.value);
-    if (existing.exists() && !run.overwrite_existing)
+    const Result<Target_Folder::Place> found = run.target.place(parts);
+    if (!found.ok())
+        return found.fault;
+    const Target_Folder::Place &place = found.value;
+    if (place.taken && !run.overwrite_existing)
         return {};
-    if (existing.isDir() && !existing.isSymLink())
+    if (place.taken && QFileInfo(place.native).isDir() && !QFileInfo(place.native).isSymLink())
         return {Fault_Kind::exists,
                 QString("A folder stands where the file \"%1\" should be.").arg(entry.name())};
     if (progress)
         progress(entry.name());
     if (run.size_limit > 0 && entry.size > run.size_limit)
         return Too_large(entry, run.size_limit);
-    Staged_File file(place.value, run.target.native() + "/" + unzip_temporary_name);
+    Staged_File file(place.native, run.target.native() + "/" + unzip_temporary_name);
     if (const Fault fault = file.open())
         return fault;
     if (const Fault fault = Copy_content(run, entry, file))
@@ -88,7 +88,7 @@ Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Prog
         file.set_executable();
     if (const Fault fault = file.keep(entry.date()))
         return fault;
-    run.target.note_file(place.value);
+    run.target.note_file(place.native);
     return {};
 }
 
