@@ -291,7 +291,7 @@ TEST_F(List_Window, The_optional_columns_follow_their_tweaks) {
 
 TEST_F(List_Window, Columns_fill_the_window_and_none_is_cut_off_from_1024_pixels_on) {
     world.program().tweaks.AUTORESIZE_COLUMNS = true;
-    world.Fill_list(3);
+    world.Fill_list(100);
     for (const int width : {1024, 1280, 1920, 1100}) {
         world.window().resize(width, 700);
         QCoreApplication::processEvents();

@@ -56,6 +56,24 @@ protected:
         QWidget *target = Panel().view()->focusProxy();
         QTest::mouseClick(target, Qt::LeftButton, {}, at);
     }
+    /// A page that has just come may not take a click yet: the user clicks again.
+    bool Click_until(const std::function<bool()> &done) {
+        for (int clicks = 0; clicks < 20 && !done(); ++clicks) {
+            Click_page({100, 100});
+            QTest::qWait(100);
+        }
+        return Window_World::Wait_until(done);
+    }
+    /// Long enough that a click is taken.
+    void Click_a_while() {
+        for (int clicks = 0; clicks < 6; ++clicks) {
+            Click_page({100, 100});
+            QTest::qWait(100);
+        }
+    }
+    bool Click_opens_a_link() {
+        return Click_until([this] { return !world.script().links.isEmpty(); });
+    }
     QString Empty_sentence() {
         const auto *empty = Panel().findChild<QLabel *>("readme_empty");
         return empty->isVisible() ? empty->text() : QString();
@@ -147,8 +165,11 @@ TEST_F(Readme, Without_a_page_a_sentence_says_why) {
     EXPECT_FALSE(Panel().shows_a_page());
     world.ui.navigate(Browser::readme, "about:blank");
     EXPECT_EQ(Empty_sentence(), "This mission brings no readme.");
+    world.program().FM_PANEL = "Original";
+    world.ui.details_changed();
+    EXPECT_EQ(Empty_sentence(), "The game's own missions bring no readme.");
     world.program().screen.no_mission_selected = true;
-    world.ui.navigate(Browser::readme, "");
+    world.ui.details_changed();
     EXPECT_EQ(Empty_sentence(), "Select a mission in the list to read what its author wrote.");
     EXPECT_EQ(Panel().view(), nullptr) << "no browser is made for nothing";
 }
@@ -175,7 +196,7 @@ TEST_F(Readme, No_script_of_the_page_runs) {
                      "<svg onload=\"document.getElementById('p').innerText='ran'\"></svg>"
                      "<a id='a' href=\"javascript:document.getElementById('p').innerText='ran'\" "
                      "style='position:absolute;left:0;top:0;width:300px;height:200px'></a></body>"));
-    Click_page({100, 100});
+    Click_a_while();
     EXPECT_FALSE(Ask("document.body.innerText").toString().contains("ran"));
     EXPECT_NE(Panel().view()->title(), "ran");
 }
@@ -230,28 +251,24 @@ TEST_F(Readme, A_frame_shows_nothing) {
 TEST_F(Readme, A_clicked_link_to_the_world_goes_to_the_users_own_browser) {
     for (const QByteArray href :
          {"http://x.org/a?b=1", "https://x.org/", "ftp://x.org/f", "mailto:ann@x.org"}) {
-        world.script().links.clear();
         ASSERT_TRUE(Show(Link_page(href)));
-        Click_page({100, 100});
-        EXPECT_TRUE(Window_World::Wait_until([this] { return !world.script().links.isEmpty(); }))
-            << href.constData();
-        EXPECT_EQ(world.script().links, QStringList{QString::fromLatin1(href)});
+        world.script().links.clear();
+        EXPECT_TRUE(Click_opens_a_link()) << href.constData();
+        EXPECT_EQ(world.script().links.value(0), QString::fromLatin1(href));
         EXPECT_TRUE(Panel().view()->url().isLocalFile());
     }
 }
 
 TEST_F(Readme, A_link_that_wants_a_new_window_goes_there_too) {
     ASSERT_TRUE(Show(Link_page("http://x.org/new", "target='_blank'")));
-    Click_page({100, 100});
-    EXPECT_TRUE(Window_World::Wait_until([this] { return !world.script().links.isEmpty(); }));
-    EXPECT_EQ(world.script().links, QStringList{"http://x.org/new"});
+    EXPECT_TRUE(Click_opens_a_link());
+    EXPECT_EQ(world.script().links.value(0), "http://x.org/new");
 }
 
 TEST_F(Readme, A_link_to_a_file_outside_its_folders_leads_nowhere) {
     world.files.write("outside.htm", "<body>outside</body>");
     ASSERT_TRUE(Show(Link_page("../../outside.htm")));
-    Click_page({100, 100});
-    QTest::qWait(200);
+    Click_a_while();
     EXPECT_TRUE(Panel().view()->url().path().endsWith("readme.htm"));
     EXPECT_EQ(world.script().links, QStringList());
 }
@@ -260,8 +277,7 @@ TEST_F(Readme, A_link_within_its_folders_is_followed_and_back_leads_back) {
     world.files.write("home/INFO/second.htm", "<body>second page</body>");
     ASSERT_TRUE(Show(Link_page("second.htm")));
     auto *back = Panel().findChild<QToolButton *>("readme_back");
-    Click_page({100, 100});
-    ASSERT_TRUE(Window_World::Wait_until([this] { return Text().contains("second page"); }));
+    ASSERT_TRUE(Click_until([this] { return Text().contains("second page"); }));
     ASSERT_TRUE(Window_World::Wait_until([back] { return back->isEnabled(); }));
     back->click();
     EXPECT_TRUE(Window_World::Wait_until([this] { return Text().contains("link"); }));
@@ -275,8 +291,7 @@ TEST_F(Readme, Back_does_not_lead_to_the_mission_before) {
 
 TEST_F(Readme, A_place_in_the_page_is_scrolled_to) {
     ASSERT_TRUE(Show(Link_page("#end") + "<div style='height:5000px'></div><p id='end'>end</p>"));
-    Click_page({100, 100});
-    EXPECT_TRUE(Window_World::Wait_until([this] { return Ask("window.scrollY").toInt() > 1000; }));
+    EXPECT_TRUE(Click_until([this] { return Ask("window.scrollY").toInt() > 1000; }));
 }
 
 TEST_F(Readme, A_form_sends_nothing) {
@@ -284,8 +299,7 @@ TEST_F(Readme, A_form_sends_nothing) {
     ASSERT_TRUE(Show("<body><form action='" + listener.address() +
                      "'><input type='submit' value='send' "
                      "style='position:absolute;left:0;top:0;width:300px;height:200px'></form></body>"));
-    Click_page({100, 100});
-    QTest::qWait(300);
+    Click_a_while();
     EXPECT_EQ(listener.visits, 0);
     EXPECT_TRUE(Panel().view()->url().isLocalFile());
 }

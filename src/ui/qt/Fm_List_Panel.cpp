@@ -30,19 +30,19 @@ namespace {
 
 constexpr std::array<Column_Room, column_count> column_rooms{{
     {0, 0, 0},     // the empty fixed column
-    {128, 230, 5}, // FM Name
-    {80, 140, 2},  // Zip
-    {68, 110, 2},  // Author
-    {80, 84, 0},   // Size
-    {60, 92, 0},   // Score
-    {84, 96, 0},   // Grp Score
-    {96, 100, 0},  // Last Played
-    {62, 90, 3},   // Review
-    {74, 80, 0},   // Finished
-    {54, 58, 0},   // Game
-    {56, 60, 0},   // Ready
+    {118, 230, 5}, // FM Name
+    {74, 140, 2},  // Zip
+    {62, 110, 2},  // Author
+    {78, 84, 0},   // Size
+    {58, 92, 0},   // Score
+    {58, 96, 0},   // Grp Score
+    {78, 100, 0},  // Last Played
+    {58, 90, 3},   // Review
+    {58, 80, 0},   // Finished
+    {52, 58, 0},   // Game
+    {52, 60, 0},   // Ready
     {78, 82, 0},   // Zip Date
-    {76, 150, 2},  // Category
+    {72, 150, 2},  // Category
 }};
 
 /// Holding an arrow key runs through the list; the row where it comes to rest is the one that is examined.
@@ -139,8 +139,10 @@ void Fm_List_Panel::Refresh_current_row() {
         table_->setCurrentIndex({});
         return;
     }
+    table_->setAutoScroll(false);
     table_->selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect |
                                                            QItemSelectionModel::Rows);
+    table_->setAutoScroll(true);
     if (!table_->Row_is_visible(current.row())) {
         const QModelIndex top = Shown_index(std::max(0, list.top_row), column);
         if (top.isValid())

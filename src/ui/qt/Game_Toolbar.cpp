@@ -15,6 +15,7 @@ namespace vantrosk {
 namespace {
 
 constexpr int bar_width = 92, button_width = 88, margin = 6;
+constexpr float dimmed_opacity = 0.5F;
 
 /// [MAIN_TOOLBAR] knows three sizes of pictures; anything else gives the middle one.
 int Icon_size(int main_toolbar) {
@@ -104,6 +105,7 @@ void Game_Toolbar::Refresh() {
         const bool set_up = Game_is_set_up(program_, code);
         auto *button = games_.at(code);
         QColor colour = theme_.on_gamebar;
+        colour.setAlphaF(set_up ? 1.0F : dimmed_opacity);
         ++number;
         button->setChecked(set_up && program_.SELECTED_GAME_TAB == code);
         button->setProperty("dimmed", !set_up);

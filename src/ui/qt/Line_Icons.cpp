@@ -9,8 +9,6 @@ namespace vantrosk {
 
 namespace {
 
-constexpr double disabled_opacity = 0.45;
-
 QByteArray Icon_bytes(const QString &name) {
     QFile file(QStringLiteral(":/icons/%1.svg").arg(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -28,8 +26,7 @@ public:
         QSvgRenderer renderer(Icon_bytes(name_).replace("currentColor", colour.name().toLatin1()));
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        if (dim && !disabled_colour_.isValid())
-            painter->setOpacity(painter->opacity() * disabled_opacity);
+        painter->setOpacity(painter->opacity() * colour.alphaF());
         renderer.render(painter, QRectF(rect));
         painter->restore();
     }

@@ -116,9 +116,13 @@ void frmMain::Show_about() {
     box.setText(QStringLiteral("<b>Vantrosk %1</b>").arg(QLatin1String(version_number)));
     box.setInformativeText(QStringLiteral(
         "Lists, shows, installs and plays the missions that players made for their games.<br><br>"
-        "<b>Keys</b><br>Ctrl+1 to Ctrl+8: a game · arrows and letters: a mission<br>"
-        "Enter: on to Play or Install · Ctrl+I: install · Ctrl+P: play<br>"
-        "Ctrl+F: find · F6: list · F7: readme · F5: scan again"));
+        "<table><tr><td>Ctrl+1 to Ctrl+8&nbsp;&nbsp;</td><td>a game</td></tr>"
+        "<tr><td>Arrows, letters</td><td>a mission</td></tr>"
+        "<tr><td>Enter</td><td>on to Play or Install</td></tr>"
+        "<tr><td>Ctrl+I, Ctrl+P</td><td>install, play</td></tr>"
+        "<tr><td>Ctrl+F</td><td>find in the list or in the readme</td></tr>"
+        "<tr><td>F5</td><td>scan again</td></tr>"
+        "<tr><td>F6, F7</td><td>to the list, to the readme</td></tr></table>"));
     box.exec();
 }
 

@@ -1,5 +1,7 @@
 #include "Message_Boxes.h"
 
+#include "Theme.h"
+
 #include "core/mdlFormDisplayFunctions.h"
 
 #include <QDialogButtonBox>
@@ -13,21 +15,29 @@ namespace vantrosk {
 
 namespace {
 
-constexpr int margin = 16, gap = 12;
+constexpr int margin = 16, gap = 12, icon_size = 40;
 constexpr int input_width = 420, notes_width = 720, notes_height = 480;
 
-QMessageBox::Icon Icon_of(Box_Kind kind) {
-    switch (kind) {
-    case Box_Kind::information:
-        return QMessageBox::Information;
-    case Box_Kind::warning:
-        return QMessageBox::Warning;
-    case Box_Kind::critical:
-        return QMessageBox::Critical;
-    case Box_Kind::question:
-        break;
-    }
-    return QMessageBox::Question;
+struct Kind_Look {
+    Box_Kind kind;
+    const char *icon;
+    QRgb colour;
+};
+
+constexpr Kind_Look kind_looks[] = {
+    {Box_Kind::information, "information", ink::working},
+    {Box_Kind::warning, "warning", ink::notice},
+    {Box_Kind::critical, "critical", ink::problem},
+    {Box_Kind::question, "help", ink::working},
+};
+
+void Show_kind(QMessageBox &box, Box_Kind kind) {
+    for (const Kind_Look &look : kind_looks)
+        if (look.kind == kind) {
+            const QIcon icon = Line_icon(QLatin1String(look.icon), QColor(look.colour));
+            box.setIconPixmap(icon.pixmap(QSize(icon_size, icon_size), box.devicePixelRatioF()));
+            box.setProperty("kind", QLatin1String(look.icon));
+        }
 }
 
 QMessageBox::StandardButton Button_of(Answer answer) {
@@ -57,7 +67,7 @@ void Name_button(QAbstractButton *button, const QString &object_name, const QStr
 std::unique_ptr<QMessageBox> Make_box(const Box &box, QWidget *parent) {
     auto made = std::make_unique<QMessageBox>(parent);
     made->setObjectName(QStringLiteral("message_box"));
-    made->setIcon(Icon_of(box.kind));
+    Show_kind(*made, box.kind);
     made->setWindowTitle(box.title.isEmpty() ? QStringLiteral("Vantrosk") : box.title);
     made->setTextFormat(Qt::PlainText);
     made->setText(box.text);

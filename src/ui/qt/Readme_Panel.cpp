@@ -25,13 +25,14 @@ namespace vantrosk {
 
 namespace {
 
-constexpr int toolbar_height = 32, tool_icon = 18;
+constexpr int toolbar_height = 32, tool_icon = 18, page_text_size = 14;
 constexpr double smallest_text = 0.5, largest_text = 3.0, text_step = 0.1;
 
 /// A page may name a font that is not here; what is shown instead is the window's.
 void Set_fonts(QWebEngineSettings *settings, const QString &family) {
     settings->setFontFamily(QWebEngineSettings::StandardFont, family);
     settings->setFontFamily(QWebEngineSettings::SansSerifFont, family);
+    settings->setFontSize(QWebEngineSettings::DefaultFontSize, page_text_size);
 }
 
 /// The page's room and scroll bars in the manner of the window. It runs apart from the page's own world,
@@ -44,6 +45,7 @@ QWebEngineScript Page_manner() {
     script.setSourceCode(
         QStringLiteral("var sheet = document.createElement('style');"
                        "sheet.textContent = 'body{padding:14px 22px 24px;line-height:1.4}"
+                       ":where(a:link){color:#2546c4}"
                        "::-webkit-scrollbar{width:12px;height:12px;background:transparent}"
                        "::-webkit-scrollbar-thumb{background:#d5d9e4;border-radius:6px;border:2px solid #fff}"
                        "::-webkit-scrollbar-thumb:hover{background:#8f97a8}';"
@@ -53,6 +55,7 @@ QWebEngineScript Page_manner() {
 
 const char *const nothing_selected = "Select a mission in the list to read what its author wrote.";
 const char *const no_readme = "This mission brings no readme.";
+const char *const originals = "The game's own missions bring no readme.";
 
 } // namespace
 
@@ -71,7 +74,7 @@ Readme_Panel::Readme_Panel(const Program &program, const Theme &theme, QWidget *
     column->setSpacing(0);
     column->addWidget(Make_toolbar());
     column->addWidget(stack_, 1);
-    Show_empty(QLatin1String(nothing_selected));
+    Show_empty();
 }
 
 Readme_Panel::~Readme_Panel() = default;
@@ -82,7 +85,7 @@ QToolButton *Readme_Panel::Make_tool(const QString &name, const QString &text, c
     tool->setObjectName(name);
     tool->setText(text);
     tool->setAccessibleName(text);
-    tool->setIcon(Line_icon(icon, QColor(ink::text)));
+    tool->setIcon(Line_icon(icon, QColor(ink::text), QColor(ink::text_faint)));
     tool->setIconSize({tool_icon, tool_icon});
     tool->setFocusPolicy(Qt::StrongFocus);
     const QKeySequence keys(shortcut);
@@ -174,10 +177,8 @@ void Readme_Panel::Show_page(const QString &page) {
     Close_find();
     const bool blank = page.isEmpty() || page.compare(QLatin1String("about:blank"), Qt::CaseInsensitive) == 0;
     const QString path = blank ? QString() : program_.files.to_native(page);
-    if (path.isEmpty() || !program_.files.look(page)) {
-        Show_empty(QLatin1String(program_.screen.no_mission_selected ? nothing_selected : no_readme));
-        return;
-    }
+    if (path.isEmpty() || !program_.files.look(page))
+        return Show_empty();
     const int name_length = page.size() - 1 - page.lastIndexOf(u'\\');
     folders_->Set({program_.files.to_native(page.chopped(name_length)),
                    program_.files.to_native(program_.paths.info),
@@ -191,8 +192,14 @@ void Readme_Panel::Show_page(const QString &page) {
     Refresh_tools();
 }
 
-void Readme_Panel::Show_empty(const QString &text) {
-    empty_->setText(text);
+void Readme_Panel::Refresh_empty() {
+    const bool is_original = program_.FM_PANEL.startsWith(QLatin1String("Original"), Qt::CaseInsensitive);
+    const char *text = is_original ? originals : no_readme;
+    empty_->setText(QLatin1String(program_.screen.no_mission_selected ? nothing_selected : text));
+}
+
+void Readme_Panel::Show_empty() {
+    Refresh_empty();
     stack_->setCurrentWidget(empty_);
     if (view_) {
         view_->load(QUrl(QStringLiteral("about:blank")));

@@ -30,6 +30,8 @@ public:
     /// A Windows path or "about:blank"; anything else is refused.
     void Show_page(const QString &page);
     void Refresh_tabs();
+    /// The sentence where there is no page.
+    void Refresh_empty();
     void Open_find();
     void Change_text_size(int steps);
     void Go_back();
@@ -52,7 +54,7 @@ private:
     void Find_text(bool backwards);
     void Close_find();
     void Refresh_tools();
-    void Show_empty(const QString &text);
+    void Show_empty();
 
     const Program &program_;
     Theme theme_;

@@ -111,6 +111,7 @@ QPushButton *Set_Up_Panel::Make_folder_button(const QString &name, const QString
     button->setObjectName(name);
     button->setAccessibleName(QString(text).remove(u'&'));
     button->setToolTip(tip);
+    button->setAutoDefault(false);
     return button;
 }
 
@@ -122,6 +123,10 @@ void Set_Up_Panel::Choose_game(const QString &code) {
 
 QString Set_Up_Panel::game() const {
     return games_->currentData().toString();
+}
+
+void Set_Up_Panel::Take_focus() {
+    choose_game_->setFocus(Qt::OtherFocusReason);
 }
 
 void Set_Up_Panel::Show_game() {
@@ -184,6 +189,7 @@ Set_Up_Dialog::Set_Up_Dialog(Program &program, Qt_Ui &ui, const QString &code, Q
     close->setObjectName(QStringLiteral("set_up_close"));
     close->setAccessibleName(QStringLiteral("Close"));
     close->setToolTip(QStringLiteral("Closes without a change (Escape)"));
+    close->setAutoDefault(false);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(margin);

@@ -28,6 +28,7 @@ public:
 
     void Choose_game(const QString &code);
     QString game() const;
+    void Take_focus();
 
 Q_SIGNALS:
     void Game_set_up(const QString &code);

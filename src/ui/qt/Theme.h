@@ -59,7 +59,8 @@ QColor Text_colour_on(const QColor &ground);
 /// A decimal colour number, red + 256 green + 65536 blue.
 QColor Colour_of_number(const QString &number, const QColor &fallback);
 
-/// One of the program's line icons in one colour; drawn anew for every size and density.
+/// One of the program's line icons in one colour; drawn anew for every size and density. A window that is
+/// disabled for the time of its work keeps its colours: only a `disabled_colour` that is given is used.
 QIcon Line_icon(const QString &name, const QColor &colour, const QColor &disabled_colour = {});
 /// The icon of a game's code; that of a custom game for a code without an icon of its own.
 QIcon Game_icon(const QString &code, const QColor &colour);

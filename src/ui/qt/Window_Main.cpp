@@ -2,7 +2,6 @@
 
 #include "Demo_Library.h"
 #include "Demo_Tour.h"
-#include "Fm_List_Panel.h"
 #include "Game_Toolbar.h"
 #include "Qt_Ui.h"
 #include "Window_Commands.h"
@@ -122,7 +121,7 @@ int Run_window(Platform &platform, const Window_Options &options, const QString 
         if (!options.size.isEmpty())
             window->resize(options.size);
     });
-    Set_Later_Step(program, Later_Step::focus_list, [&] { window->list->setFocusToList(); });
+    Set_Later_Step(program, Later_Step::focus_list, [&] { window->Focus_first(); });
     const auto load = [&] {
         return Load_Stage(program, options.switches);
     };

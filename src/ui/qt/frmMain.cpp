@@ -307,6 +307,7 @@ void frmMain::Refresh_list() {
 
 void frmMain::Refresh_details() {
     details->Refresh();
+    readme->Refresh_empty();
     Refresh_access();
 }
 
@@ -338,6 +339,13 @@ void frmMain::Refresh_access() {
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
+void frmMain::Focus_first() {
+    if (shows_empty_state())
+        empty_state->set_up()->Take_focus();
+    else
+        list->setFocusToList();
+}
+
 void frmMain::Find_here() {
     if (readme->isAncestorOf(QApplication::focusWidget()))
         return readme->Open_find();
@@ -354,7 +362,7 @@ void frmMain::Move_splitter(int by) {
 void frmMain::Set_up(const QString &code) {
     if (shows_empty_state()) {
         empty_state->set_up()->Choose_game(code);
-        empty_state->set_up()->setFocus();
+        empty_state->set_up()->Take_focus();
         return;
     }
     Set_Up_Dialog dialog(program_, ui_, code, this);

@@ -42,6 +42,8 @@ public:
 
     /// Shows the window where it stood last time.
     void Open();
+    /// The keys go to the list, or to the set-up while there is none.
+    void Focus_first();
     void Refresh_games();
     void Refresh_list();
     void Refresh_details();
