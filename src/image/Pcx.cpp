@@ -82,7 +82,10 @@ Result<Header> Read_header(const QByteArray &bytes) {
     header.height = Number_16(bytes, 10) - Number_16(bytes, 6) + 1;
     header.plane_row = Number_16(bytes, 66);
     const bool known_bits = header.bits == 1 || header.bits == 2 || header.bits == 4 || header.bits == 8;
-    if (!known_bits || header.planes < 1 || header.planes > 4)
+    // Two planes of 8 bits are neither a number of a colour nor red, green and blue.
+    const bool known_planes =
+        header.planes >= 1 && header.planes <= 4 && (header.bits < 8 || header.planes != 2);
+    if (!known_bits || !known_planes)
         return {{}, Damaged("its colour depth is unknown")};
     if (header.width <= 0 || header.height <= 0)
         return {{}, Damaged("it has no pixels")};

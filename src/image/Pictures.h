@@ -19,9 +19,10 @@ struct Picture {
 /// take the memory.
 inline constexpr qint64 most_pixels = 64 * 1024 * 1024;
 
-/// PCX, ZSoft's format: 1, 2, 4 and 8 bits with 1 to 4 planes, with and without palette, run-length coded or
-/// plain. `damaged` when the header is not one, contradicts itself, or more than half of the rows are
-/// missing; of less the missing part is black, as games show it. `too_large` beyond `most_pixels`.
+/// PCX, ZSoft's format: 1, 2, 4 and 8 bits with 1 to 4 planes (but not 8 bits in 2), with and without
+/// palette, run-length coded or plain. `damaged` when the header is not one, contradicts itself, or more than
+/// half of the rows are missing; of less the missing part is black, as games show it. `too_large` beyond
+/// `most_pixels`.
 Result<Picture> Decode_pcx(const QByteArray &bytes);
 /// A Windows bitmap of 24 bits; transparency is lost. Empty for a picture without pixels or with too few
 /// bytes.
