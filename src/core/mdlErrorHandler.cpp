@@ -1,12 +1,15 @@
 #include "core/mdlErrorHandler.h"
 
 #include "core/Program.h"
+#include "core/mdlFormDisplayFunctions.h"
 
 namespace vantrosk {
 
 namespace {
 
 constexpr const char *box_title = "An Error Has Occured";
+constexpr const char *screenshot_question = "\nDo you wish to take a screenshot?";
+constexpr int milliseconds_until_the_box_is_gone = 1000;
 
 /// How the trace names an area of the program.
 struct Trace_Area {
@@ -44,7 +47,13 @@ void Show_fault(Program &program, const QString &procedure, const QString &modul
     box.kind = Box_Kind::critical;
     box.title = box_title;
     box.text = Error_text(procedure, module, number, description);
-    program.ui.show_box(box);
+    if (program.ui.has_screen()) {
+        box.text += screenshot_question;
+        box.buttons = Buttons::yes_no;
+        box.default_answer = Answer::no;
+    }
+    if (program.ui.show_box(box) == Answer::yes)
+        Take_Error_Screenshot(program);
 }
 
 } // namespace
@@ -70,6 +79,18 @@ bool With_error_box(Program &program, const QString &procedure, const QString &m
         Show_fault(program, procedure, module, 0, QString::fromUtf8(error.what()));
     }
     return false;
+}
+
+void Take_Error_Screenshot(Program &program) {
+    program.ui.pump_events();
+    program.clock.sleep(milliseconds_until_the_box_is_gone);
+    if (const Fault fault = program.files.make_folder(program.paths.error_screenshots))
+        debug_print(program, "DEBUGGER: folder of the error images not made: " + fault.text);
+    const QString path = program.paths.error_screenshots + program.clock.now().toString("yyyyMMdd") + ".bmp";
+    if (program.ui.save_screenshot(path))
+        Show_Message(program, "Vantrosk", "Error image file " + program.files.to_native(path) + " created.");
+    else
+        debug_print(program, "DEBUGGER: Error image file " + path + " not created");
 }
 
 } // namespace vantrosk

@@ -27,8 +27,13 @@ private:
 QString Error_text(const QString &procedure, const QString &module, int number, const QString &description);
 
 /// Runs `work`. A fault in it shows the standard error box with the procedure's and module's name
-/// ("Get_archives", "Form frmMain"), leaves a trace line, and gives false; the program goes on.
+/// ("Get_archives", "Form frmMain"), leaves a trace line, and gives false; the program goes on. Where there
+/// is a screen the box offers a picture of it.
 bool With_error_box(Program &program, const QString &procedure, const QString &module,
                     const std::function<void()> &work);
+
+/// Saves a picture of the whole screen, without the box that asked for it, and tells its name. One picture a
+/// day: a second replaces the first. A picture that could not be made leaves a trace line.
+void Take_Error_Screenshot(Program &program);
 
 } // namespace vantrosk

@@ -70,6 +70,15 @@ public:
     virtual void trace_line(const QString &text) = 0;
     /// Holds until the user presses "Continue >".
     virtual void trace_pause(const QString &prompt) = 0;
+
+    /// Whether there is a screen to take a picture of.
+    virtual bool has_screen() const { return true; }
+    /// Saves a picture of the whole screen as a bitmap under this Windows path, replacing what is there.
+    /// False when there is none.
+    virtual bool save_screenshot(const QString &path) {
+        static_cast<void>(path);
+        return false;
+    }
 };
 
 } // namespace vantrosk

@@ -1,10 +1,7 @@
 #include "core/mdlDebug.h"
-#include "core/mdlErrorHandler.h"
 #include "support/World.h"
 
 #include <gtest/gtest.h>
-
-#include <new>
 
 namespace vantrosk {
 
@@ -122,76 +119,6 @@ TEST(Debug_Log, A_log_that_can_not_be_written_is_not_reported) {
     Flush_debug_log(world.bare);
     EXPECT_TRUE(world.ui.boxes.empty());
     EXPECT_EQ(world.bare.trace.log_lines, "");
-}
-
-TEST(Error_Box, Work_without_a_fault_shows_nothing) {
-    Debug_World world;
-    bool done = false;
-    EXPECT_TRUE(With_error_box(world.bare, "Get_archives", "Form frmMain", [&done] { done = true; }));
-    EXPECT_TRUE(done);
-    EXPECT_TRUE(world.ui.boxes.empty());
-}
-
-TEST(Error_Box, A_fault_is_told_with_procedure_and_module_and_the_program_goes_on) {
-    Debug_World world;
-    set_debug(world.bare, true);
-    EXPECT_FALSE(With_error_box(world.bare, "check_thief_version", "mdlFunctions",
-                                [] { throw Program_Error(53, "File not found: Žluť (%1)"); }));
-    ASSERT_EQ(world.ui.boxes.size(), 1u);
-    const Box &box = world.ui.boxes[0];
-    EXPECT_EQ(box.kind, Box_Kind::critical);
-    EXPECT_EQ(box.title, "An Error Has Occured");
-    EXPECT_EQ(box.text,
-              "Error 53 (File not found: Žluť (%1)) on line 0 in procedure check_thief_version of Module "
-              "mdlFunctions.");
-    EXPECT_EQ(box.buttons, Buttons::ok);
-    EXPECT_EQ(world.ui.trace,
-              QStringList{"FUNCTIONS: Error In check_thief_version : (53) File not found: Žluť (%1)"});
-}
-
-TEST(Error_Box, Other_exceptions_are_told_in_the_same_way) {
-    Debug_World world;
-    EXPECT_FALSE(With_error_box(world.bare, "Do_Install", "Form frmMain",
-                                [] { throw std::runtime_error("no more memory"); }));
-    EXPECT_FALSE(With_error_box(world.bare, "Do_Install", "Form frmMain", [] { throw std::bad_alloc(); }));
-    EXPECT_EQ(world.ui.box_texts(),
-              (QStringList{"Error 0 (no more memory) on line 0 in procedure Do_Install of Form frmMain.",
-                           "Error 0 (std::bad_alloc) on line 0 in procedure Do_Install of Form frmMain."}));
-}
-
-TEST(Error_Box, The_trace_line_begins_with_the_area_of_the_module) {
-    struct Area {
-        const char *module;
-        const char *start;
-    };
-    constexpr Area areas[] = {
-        {"Form frmMain", "MAIN FORM: "},
-        {"Form frmTweaks", "TWEAKS: "},
-        {"Form frmSettings", "frmSettings: "},
-        {"mdlFunctions", "FUNCTIONS: "},
-        {"mdlFile_Functions", "File_Functions: "},
-        {"mdlDB_Functions", "DB_FUNCTIONS: "},
-        {"mdlFormDisplayFunctions", "FORM DISPLAY: "},
-        {"mdlStartup", "STARTUP: "},
-        {"Module mdlStartup", "STARTUP: "},
-        {"mdlDebug", "DEBUGGER: "},
-        {"mdlWebStuff", "mdlWebStuff: "},
-    };
-    Debug_World world;
-    set_debug(world.bare, true);
-    for (const Area &area : areas) {
-        With_error_box(world.bare, "P", area.module, [] { throw Program_Error(1, "x"); });
-        EXPECT_EQ(world.ui.trace.last(), QString(area.start) + "Error In P : (1) x");
-    }
-}
-
-TEST(Error_Box, The_place_is_a_form_or_a_module) {
-    EXPECT_EQ(Error_text("T3MAIN_exe_Check", "Form frmSettings", 5, "d"),
-              "Error 5 (d) on line 0 in procedure T3MAIN_exe_Check of Form frmSettings.");
-    EXPECT_EQ(Error_text("P", "mdlFunctions", 5, "d"),
-              "Error 5 (d) on line 0 in procedure P of Module mdlFunctions.");
-    EXPECT_EQ(Error_text("P", "Module mdlFunctions", 5, "d"),
-              "Error 5 (d) on line 0 in procedure P of Module mdlFunctions.");
 }
 
 } // namespace vantrosk

@@ -142,7 +142,8 @@ TEST_F(Start_Process_Test, In_the_normal_state_nothing_is_registered) {
     EXPECT_FALSE(process([]() -> bool { throw Program_Error(339, "Component 'X.OCX' is missing"); }));
     EXPECT_TRUE(start.processes->started.isEmpty());
     EXPECT_EQ(world.ui.box_texts(), QStringList({"Error 339 (Component 'X.OCX' is missing) on line 0 in "
-                                                 "procedure Main of Module mdlStartup."}));
+                                                 "procedure Main of Module mdlStartup.\n"
+                                                 "Do you wish to take a screenshot?"}));
 }
 
 TEST_F(Start_Process_Test, A_file_of_another_build_arms_the_registration_again) {

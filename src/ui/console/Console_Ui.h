@@ -45,6 +45,7 @@ public:
     void pump_events() override {}
     void trace_line(const QString &) override {}
     void trace_pause(const QString &) override {}
+    bool has_screen() const override { return false; }
 
 private:
     void report(const char *kind, const QString &title, const QString &text, const QString &answer);
