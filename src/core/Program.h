@@ -72,6 +72,7 @@ struct Start_State {
     qint64 load_began = 0;       ///< ticks of the clock
     bool is_running = false;     ///< until the shut-down begins; long work looks at it
     bool first_run_mode = false; ///< while the first run's questions are asked
+    bool end_requested = false;  ///< the user chose to end the program; the start goes no further
 };
 
 /// What one running program knows. Procedures take it as their first argument; there are no other globals.

@@ -110,15 +110,18 @@ QString Name_for_display(const QString &stored) {
 }
 
 bool DB_Create_Table_If_Missing(Program &program, const QString &table, const QString &columns) {
-    bool created = false;
-    With_error_box(program, "DB_Create_Table_If_Missing", module, [&] {
+    try {
         if (Table_exists(program, table))
-            return;
+            return false;
         db_Execute(program,
                    "CREATE TABLE " + table + " (id counter CONSTRAINT id PRIMARY KEY," + columns + ")");
-        created = true;
-    });
-    return created;
+        return true;
+    } catch (const Program_Error &error) {
+        if (Diagnose_database_fault(program, error))
+            With_error_box(program, "DB_Create_Table_If_Missing", module,
+                           [&] { db_Query(program, "select top 1 * from " + table); });
+        return false;
+    }
 }
 
 bool DB_Add_Columns_If_Missing(Program &program, const QString &table, const QString &names,
@@ -157,6 +160,8 @@ void DB_Upgrade_Tables(Program &program) {
     for (const Upgrade_Table &table : upgrade_tables) {
         if (DB_Create_Table_If_Missing(program, table.name, table.columns))
             Set_Status_Panel(program, 1, table.status);
+        if (program.start.end_requested)
+            return;
     }
     for (const Upgrade_Column &column : upgrade_columns) {
         if (DB_Add_Columns_If_Missing(program, "Table_Scores", column.name, column.type, true))

@@ -68,9 +68,11 @@ QString Name_for_display(const QString &stored);
 QDateTime Stored_date_time(const QString &text);
 
 /// Opens the file, making it with the delivered tables when it is missing; `DB_Upgrade_Tables` adds the rest.
-/// A damaged file is moved aside and a new one made. False when it can not be used; the user was told why.
+/// A damaged file is moved aside; the newest good copy takes its place, a new file where there is none. False
+/// when it can not be used; the user was told why.
 bool Open_database(Program &program);
 
+/// True when it made the table. A fault is looked into here, and the user may end the program at it.
 bool DB_Create_Table_If_Missing(Program &program, const QString &table, const QString &columns);
 bool DB_Add_Columns_If_Missing(Program &program, const QString &table, const QString &names,
                                const QString &types, bool apply);

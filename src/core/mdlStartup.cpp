@@ -132,6 +132,8 @@ bool Load(Program &program, Who who) {
     for (const Load_Step &step : load_steps) {
         if ((step.who == Who::every_face || step.who == who) && !step.run(program))
             return false;
+        if (program.start.end_requested)
+            return false;
     }
     return true;
 }
