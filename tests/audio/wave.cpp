@@ -90,7 +90,7 @@ protected:
             for (int channel = 0; channel < tone.channels; ++channel)
                 samples.push_back(tone.loudness * std::sin(2 * std::numbers::pi * tone.frequency *
                                                            (1 << channel) * double(i) / tone.rate));
-        // A second at a time: the Vorbis encoder of libsndfile takes its stack from the length of a write.
+        // Piece by piece: the Vorbis encoder of libsndfile takes its stack from the length of a write.
         for (size_t at = 0; at < samples.size(); at += 4096) {
             const size_t count =
                 std::min<size_t>(4096, samples.size() - at) / static_cast<size_t>(tone.channels);
