@@ -204,7 +204,7 @@ std::optional<QString> Damage_of(sqlite3 *connection) {
     const QString result = check.is_empty() ? QString() : check.rows[0][0].toString();
     if (result == "ok")
         return {};
-    return result;
+    return result.section('\n', -1); // above it stands which file is meant
 }
 
 void Connect(Program &program, Database::State &state, const QString &path, Look look) {

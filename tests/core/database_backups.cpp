@@ -195,6 +195,17 @@ TEST(Damaged_Database, The_newest_copy_takes_its_place_and_the_user_is_told) {
     EXPECT_EQ(Missions(program), "first.zip / fourth.zip / second.zip");
 }
 
+TEST(Damaged_Database, The_reason_is_told_on_one_line) {
+    Backup_World world;
+    world.damage("home/Vantrosk.mdb");
+    world.opened();
+    ASSERT_EQ(world.ui.boxes.size(), 1u);
+    const QString reason = world.ui.boxes[0].text.section("\n\n", 0, 0);
+    EXPECT_TRUE(reason.startsWith("The Vantrosk Database File is damaged and can not be read ("))
+        << reason.toStdString();
+    EXPECT_EQ(reason.count('\n'), 0) << reason.toStdString();
+}
+
 TEST(Damaged_Database, Copies_that_are_no_good_are_passed_over) {
     Backup_World world;
     Add_mission(world.opened(), "second.zip");
