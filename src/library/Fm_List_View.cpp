@@ -112,7 +112,9 @@ void Show_installed_state(Program &program, int row) {
     Details_Panel &details = program.screen.details;
     details.shows_installed = installed;
     details.play_enabled = installed;
-    details.install_enabled = !installed;
+    // A zip that can not be read has no mission to install; its readme page says why.
+    details.install_enabled =
+        !installed && (Is_original_row(selected.cells[col_zip]) || !program.MISSIONFILE.isEmpty());
     selected.cells[col_ready] = installed ? "Yes" : "";
 }
 
