@@ -84,8 +84,16 @@ void Entry_List::add(QByteArrayView stored_name, bool made_on_unix, Listed_Entry
     }
     entry.folder = folder_;
     entry.file = Decode_entry_name(stored_name.sliced(cut), made_on_unix);
-    entry.safe = folder_safe_ && Is_safe_name_part(entry.file);
+    entry.folder_safe = folder_safe_;
     entries.push_back(std::move(entry));
+}
+
+void Entry_List::clear() {
+    entries.clear();
+    comment.clear();
+    last_folder_.clear();
+    folder_.clear();
+    folder_safe_ = true;
 }
 
 void Read_open_archive(zip_t *archive, Entry_List &list) {
@@ -111,7 +119,7 @@ bool Is_same_entry(zip_t *archive, const Listed_Entry &entry) {
     Entry_List one;
     one.add(name, !Is_ascii(name) && Made_on_unix(archive, entry.index), seen);
     return one.entries.size() == 1 && one.entries[0].file == entry.file &&
-           one.entries[0].folder == entry.folder && one.entries[0].safe == entry.safe &&
+           one.entries[0].folder == entry.folder && one.entries[0].folder_safe == entry.folder_safe &&
            one.entries[0].size == entry.size && one.entries[0].packed == entry.packed &&
            one.entries[0].encrypted == entry.encrypted;
 }

@@ -20,7 +20,7 @@ struct Listed_Entry {
     std::uint64_t index = 0;    ///< its number in the directory, from 0, folder entries counted
     std::uint16_t dos_date = 0; ///< local, as stored
     std::uint16_t dos_time = 0;
-    bool safe = false; ///< the whole name may be extracted below a folder
+    bool folder_safe = false; ///< the folder may be made below another; the file is judged when it is wanted
     bool encrypted = false;
     bool selected = true;
 
@@ -37,7 +37,13 @@ struct Entry_List {
     /// Adds an entry unless it is a folder. `entry` has all but its name.
     void add(QByteArrayView stored_name, bool made_on_unix, Listed_Entry entry);
 
+    /// Empties the list but keeps its room: a scan fills it thousands of times.
+    void clear();
+
 private:
+    friend bool Read_plain_directory(const QString &native, Entry_List &list);
+
+    QByteArray directory_; // what was read last
     // Most neighbours lie in one folder: its text is made once and shared.
     QByteArray last_folder_;
     QString folder_;

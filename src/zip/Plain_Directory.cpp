@@ -143,20 +143,20 @@ bool Read_plain_directory(const QString &native, Entry_List &list) {
         end.offset + end.size != end.position || end.size > longest_directory ||
         end.count * header_size > end.size || !file.seek(end.offset))
         return false;
-    const QByteArray directory = file.read(end.size);
-    if (directory.size() != end.size)
+    list.directory_.resize(end.size);
+    if (file.read(list.directory_.data(), end.size) != end.size)
         return false;
     list.entries.reserve(static_cast<size_t>(end.count));
     qsizetype at = 0;
     for (qint64 i = 0; i < end.count; ++i) {
         const qsizetype taken =
-            Add_record(QByteArrayView(directory).sliced(at), end, static_cast<std::uint64_t>(i), list);
+            Add_record(QByteArrayView(list.directory_).sliced(at), end, static_cast<std::uint64_t>(i), list);
         if (taken == 0)
             return false;
         at += taken;
     }
     list.comment = end.comment;
-    return at == directory.size();
+    return at == end.size;
 }
 
 } // namespace vantrosk

@@ -116,7 +116,7 @@ Fault cUnzip::Directory() {
     if (const Fault fault = Check_archive_file(native, Name_of_path(ZipFile)))
         return fault;
     if (!Read_plain_directory(native, state_->list)) {
-        state_->list = Entry_List();
+        state_->list.clear();
         if (const Fault fault = Open_archive())
             return fault;
         Read_open_archive(state_->archive.get(), state_->list);
@@ -126,7 +126,9 @@ Fault cUnzip::Directory() {
 }
 
 void cUnzip::Close() {
-    *state_ = State();
+    state_->listed_file.clear();
+    state_->list.clear();
+    state_->archive.reset();
 }
 
 Fault cUnzip::Open_archive() const {
@@ -175,7 +177,7 @@ QDateTime cUnzip::FileDate(int i) const {
 
 bool cUnzip::FileIsSafe(int i) const {
     const Listed_Entry *entry = state_->entry(i);
-    return entry && entry->safe;
+    return entry && entry->folder_safe && Is_safe_name_part(entry->file);
 }
 
 bool cUnzip::FileSelected(int i) const {
@@ -194,7 +196,7 @@ Fault cUnzip::Check_selected() const {
     for (const Listed_Entry &entry : state_->list.entries) {
         if (!entry.selected)
             continue;
-        if (UseFolderNames ? !entry.safe : !Is_safe_name_part(entry.file))
+        if ((UseFolderNames && !entry.folder_safe) || !Is_safe_name_part(entry.file))
             return {
                 Fault_Kind::outside,
                 QString("\"%1\" in \"%2\" is not a name that can be unzipped.").arg(entry.name(), archive)};

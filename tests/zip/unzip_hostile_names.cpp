@@ -83,6 +83,9 @@ TEST_P(Hostile_Names, An_unsafe_name_is_listed_but_never_written_and_neither_is_
         unzip.UseFolderNames = GetParam();
         ASSERT_FALSE(unzip.Directory());
         EXPECT_EQ(unzip.FileCount(), 2) << row.name;
+        EXPECT_TRUE(unzip.FileIsSafe(1));
+        EXPECT_EQ(unzip.FileIsSafe(2), row.safe) << row.name;
+        EXPECT_FALSE(unzip.FileIsSafe(3));
         Snapshot before = world.snapshot("");
 
         const Fault fault = unzip.Unzip();
