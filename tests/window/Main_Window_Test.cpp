@@ -88,6 +88,8 @@ TEST_F(Main_Window, At_1024_by_700_the_list_keeps_six_missions_and_play_and_inst
     world.Select_mission(1, false);
     QCoreApplication::processEvents();
     EXPECT_EQ(window.size(), QSize(1024, 700));
+    window.findChild<QSplitter *>("list_splitter")->setSizes({0, 1000});
+    QCoreApplication::processEvents();
     for (int row = 0; row <= 6; ++row)
         EXPECT_TRUE(window.list->table()->Row_is_visible(row)) << row;
     const QRect whole = window.rect();
@@ -164,6 +166,7 @@ TEST_F(Main_Window, Without_a_game_the_whole_window_says_what_to_do) {
     EXPECT_TRUE(window.shows_empty_state());
     EXPECT_FALSE(window.find->isVisible());
     world.Set_up_game("SS2");
+    EXPECT_NEAR(window.list->height(), window.list->parentWidget()->height() * 2 / 5, 5);
     EXPECT_FALSE(window.shows_empty_state());
     EXPECT_TRUE(window.find->isVisible());
 }

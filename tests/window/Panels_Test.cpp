@@ -277,6 +277,8 @@ TEST_F(Window_Panels, Original_missions_have_no_archive_and_no_chips_and_install
     world.Open();
     world.Fill_list(1);
     world.Select_mission(0, false);
+    EXPECT_EQ(Shown("details_name"), "Thief 2 Original Missions");
+    EXPECT_FALSE(Is_shown("details_author"));
     EXPECT_FALSE(Is_shown("details_archive"));
     EXPECT_EQ(Chips("chip_on") + Chips("chip_off"), QStringList());
     EXPECT_EQ(Details()->install()->text(), "&Install");

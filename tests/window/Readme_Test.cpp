@@ -242,6 +242,15 @@ TEST_F(Readme, Pictures_come_from_the_pages_folder_and_the_programs_own_and_from
               "7,7,7,7,0,0");
 }
 
+TEST_F(Readme, A_picture_is_found_whatever_capitals_the_readme_gives_it) {
+    QImage image(7, 5, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    world.files.write("home/INFO/VKIMAGES/Title Picture.PNG", "");
+    image.save(world.files.native("home/INFO/VKIMAGES/Title Picture.PNG"));
+    ASSERT_TRUE(Show("<body><img src='vkimages\\TITLE%20picture.png'><img src='VKIMAGES/none.png'></body>"));
+    EXPECT_EQ(Ask("Array.from(document.images).map(i => i.naturalWidth).join(',')").toString(), "7,0");
+}
+
 TEST_F(Readme, A_frame_shows_nothing) {
     world.files.write("home/INFO/inner.htm", "<body>inner</body>");
     ASSERT_TRUE(Show("<body>outer<iframe src='inner.htm'></iframe></body>"));

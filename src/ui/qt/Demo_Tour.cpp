@@ -6,7 +6,6 @@
 #include "Game_Toolbar.h"
 #include "Qt_Ui.h"
 #include "Readme_Panel.h"
-#include "Status_Bar.h"
 #include "Window_Commands.h"
 #include "frmMain.h"
 
@@ -93,6 +92,7 @@ private:
     bool Is_idle() const { return !window_.commands->is_working() && !program_.screen.busy; }
     const Fm_Row &Row(int row) const { return program_.screen.list.rows[static_cast<size_t>(row)]; }
     int Installed_rows() const;
+    QString Last_status() const;
     void Save_picture(const QString &name);
     bool Tell(const char *step, bool happened, const QString &text);
 
@@ -200,6 +200,13 @@ int Tour::Installed_rows() const {
     return installed;
 }
 
+/// What was said last, before the window was ready again.
+QString Tour::Last_status() const {
+    QStringList told = ui_.script->status;
+    told.removeAll(QStringLiteral("Ready"));
+    return told.isEmpty() ? QString() : told.last();
+}
+
 bool Tour::Install() {
     Click_middle(window_.details->install());
     const bool installed = Wait_until(
@@ -209,7 +216,7 @@ bool Tour::Install() {
         },
         step_limit);
     Save_picture(QStringLiteral("install"));
-    return Tell("install", installed, window_.status->panel_text(1));
+    return Tell("install", installed, Last_status());
 }
 
 bool Tour::Play() {
@@ -234,9 +241,7 @@ bool Tour::Restore() {
         Wait_until([this] { return Is_idle() && Row(mission_).cells[col_ready].isEmpty(); }, step_limit);
     Save_picture(QStringLiteral("restore"));
     return Tell("restore", restored,
-                QStringLiteral("%1 (%2 missions installed)")
-                    .arg(window_.status->panel_text(1))
-                    .arg(Installed_rows()));
+                QStringLiteral("%1 (%2 missions installed)").arg(Last_status()).arg(Installed_rows()));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "Flow_Layout.h"
 #include "Mission_Picture.h"
 
+#include "core/Games.h"
 #include "core/Program.h"
 
 #include <QFormLayout>
@@ -37,6 +38,12 @@ QFormLayout *Make_form(int line_gap) {
 
 bool Is_original(const Program &program) {
     return program.FM_PANEL.startsWith(QLatin1String("Original"), Qt::CaseInsensitive);
+}
+
+/// The details of the game's own missions are blank; their row says what they are.
+QString Current_row_name(const Fm_List &list) {
+    const bool is_there = list.current_row >= 0 && list.current_row < static_cast<int>(list.rows.size());
+    return is_there ? list.rows[static_cast<size_t>(list.current_row)].cells[col_name] : QString();
 }
 
 QString Languages_text(const Details_Panel &details) {
@@ -113,7 +120,8 @@ QWidget *Details_Panel_View::Make_head() {
     row->setSpacing(margin);
     picture_ = new Mission_Picture(theme_);
     row->addWidget(picture_, 0, Qt::AlignTop);
-    auto *form = Make_form(5);
+    head_form_ = Make_form(5);
+    QFormLayout *form = head_form_;
     form->setProperty("caption_width", head_caption_width);
     name_ = Add_field(form, QStringLiteral("Name"), QStringLiteral("details_name"));
     name_->setProperty("kind", QStringLiteral("strong"));
@@ -194,10 +202,17 @@ void Details_Panel_View::Refresh() {
 
 void Details_Panel_View::Refresh_head() {
     const Details_Panel &details = program_.screen.details;
-    name_->Set_text(details.name);
-    author_->Set_text(details.author);
-    game_->Set_text(details.game);
-    languages_->Set_text(Languages_text(details));
+    const bool original = Is_original(program_);
+    const std::pair<Elided_Label *, QString> fields[] = {
+        {name_, original ? Current_row_name(program_.screen.list) : details.name},
+        {author_, details.author},
+        {game_, original ? Game_Text(program_.CURRENT_GAME) : details.game},
+        {languages_, Languages_text(details)},
+    };
+    for (const auto &[value, text] : fields) {
+        value->Set_text(text);
+        head_form_->setRowVisible(value, !text.isEmpty());
+    }
     if (!details.animation_paths.isEmpty() && program_.tweaks.ENABLE_ANIM_GIFS) {
         QStringList frames;
         for (const QString &path : details.animation_paths)

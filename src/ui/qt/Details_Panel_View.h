@@ -52,7 +52,7 @@ private:
     Elided_Label *name_, *author_, *game_, *languages_;
     QPushButton *play_, *install_;
     Elided_Label *archive_, *unpacked_, *last_played_, *saves_, *community_;
-    QFormLayout *facts_form_;
+    QFormLayout *head_form_, *facts_form_;
     std::vector<QLabel *> chips_;
 };
 

@@ -83,6 +83,8 @@ std::optional<QString> Qt_Ui::ask_input(const Input_Request &request) {
 }
 
 void Qt_Ui::set_status_panel(int panel, const QString &text) {
+    if (script && panel == 1)
+        script->status << text;
     if (window_)
         window_->status->Show_panel(panel, text);
 }

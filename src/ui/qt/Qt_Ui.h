@@ -23,8 +23,9 @@ struct Window_Script {
     std::deque<QString> folders; ///< for folder dialogs, native paths; when none is left, cancelled
     std::vector<Box> boxes;      ///< every box that was due
     std::vector<Input_Request> asked;
-    QStringList notes; ///< files for the notes window
-    QStringList links; ///< addresses for the user's browser
+    QStringList notes;  ///< files for the notes window
+    QStringList status; ///< every text of status panel 1
+    QStringList links;  ///< addresses for the user's browser
     std::function<void(const Box &, Answer)> on_box;
 };
 

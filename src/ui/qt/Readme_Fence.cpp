@@ -63,13 +63,25 @@ bool Readme_Folders::Holds(const QUrl &address) const {
                        [&real](const QString &folder) { return real.startsWith(folder); });
 }
 
+QUrl Readme_Folders::Other_spelling(const QUrl &address) const {
+    if (!find_spelling || !address.isLocalFile() || !address.host().isEmpty())
+        return {};
+    const QUrl spelled = QUrl::fromLocalFile(find_spelling(address.toLocalFile()));
+    return spelled != address && Holds(spelled) ? spelled : QUrl();
+}
+
 Readme_Request_Fence::Readme_Request_Fence(const Readme_Folders &folders, QObject *parent)
     : QWebEngineUrlRequestInterceptor(parent), folders_(folders) {}
 
 void Readme_Request_Fence::interceptRequest(QWebEngineUrlRequestInfo &info) {
     const QUrl address = info.requestUrl();
-    if (address != Blank_page() && !folders_.Holds(address))
+    if (address == Blank_page() || folders_.Holds(address))
+        return;
+    const QUrl spelled = folders_.Other_spelling(address);
+    if (spelled.isEmpty())
         info.block(true);
+    else
+        info.redirect(spelled);
 }
 
 Readme_Page::Readme_Page(QWebEngineProfile *profile, const Readme_Folders &folders, QObject *parent)

@@ -5,6 +5,8 @@
 #include <QWebEnginePage>
 #include <QWebEngineUrlRequestInterceptor>
 
+#include <functional>
+
 namespace vantrosk {
 
 /// The folders that a readme page may read. Native paths; links are followed before the comparison, so no
@@ -13,6 +15,11 @@ class Readme_Folders {
 public:
     void Set(const QStringList &folders);
     bool Holds(const QUrl &address) const;
+    /// How a missing file of the folders is really spelled: readmes were written where capitals make no
+    /// difference. Empty when there is none.
+    QUrl Other_spelling(const QUrl &address) const;
+    /// Finds the spelling on the disk of a native path.
+    std::function<QString(const QString &)> find_spelling;
 
 private:
     QStringList folders_; ///< without links, each with a "/" behind it

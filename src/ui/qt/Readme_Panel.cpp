@@ -69,6 +69,9 @@ Readme_Panel::Readme_Panel(const Program &program, const Theme &theme, QWidget *
     empty_->setAlignment(Qt::AlignCenter);
     empty_->setWordWrap(true);
     stack_->addWidget(empty_);
+    folders_->find_spelling = [this](const QString &path) {
+        return program_.files.to_native(program_.files.to_windows(path));
+    };
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

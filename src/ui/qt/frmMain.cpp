@@ -21,10 +21,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStyleFactory>
@@ -45,6 +47,11 @@ constexpr int first_working_picture = 2, last_working_picture = 9;
 // Milliseconds: a turn of the light in a second, and how long the splitter rests before its place is kept.
 constexpr int light_step = 125, housekeeping_step = 1000, focus_step = 100, splitter_rest = 400;
 
+/// What the screen has room for.
+QSize Screen_room() {
+    return QGuiApplication::primaryScreen()->availableSize();
+}
+
 } // namespace
 
 void Apply_theme(const Theme &theme) {
@@ -62,7 +69,7 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     Apply_theme(theme_);
     setWindowTitle(program.screen.caption);
     setMinimumSize(least_width, least_height);
-    resize(first_width, first_height);
+    resize(QSize(first_width, first_height).boundedTo(Screen_room()));
 
     commands = new Window_Commands(program, this);
     games = new Game_Toolbar(program, theme_, nullptr);
@@ -78,8 +85,8 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     rows_->setChildrenCollapsible(false);
     rows_->addWidget(list);
     rows_->addWidget(Make_lower_half());
-    rows_->setStretchFactor(0, 0);
-    rows_->setStretchFactor(1, 1);
+    rows_->setStretchFactor(0, 2);
+    rows_->setStretchFactor(1, 3);
 
     pages_->addWidget(empty_state);
     pages_->addWidget(rows_);
@@ -232,16 +239,29 @@ void frmMain::Start_timers() {
 void frmMain::Open() {
     const Window_Geometry kept = program_.screen.window;
     if (kept.width > 0 && kept.height > 0)
-        resize(std::max(kept.width, least_width), std::max(kept.height, least_height));
+        resize(QSize(kept.width, kept.height).expandedTo(minimumSize()));
     list->Set_widths(kept.column_widths);
+    wanted_list_height_ = kept.list_height;
     if (kept.maximised)
         showMaximized();
     else
         show();
-    const int all = rows_->height() - rows_->handleWidth();
-    const int wanted = kept.list_height > 0 ? kept.list_height : std::max(least_list_height, all * 2 / 5);
-    rows_->setSizes({wanted, std::max(least_lower_height, all - wanted)});
+    Place_splitter();
     Tell_geometry();
+}
+
+/// Once, when the list is shown first, which the first game that is set up brings about.
+void frmMain::Place_splitter() {
+    if (splitter_is_placed_ || !isVisible() || shows_empty_state())
+        return;
+    splitter_is_placed_ = true;
+    centralWidget()->layout()->activate();
+    work_area_->layout()->activate();
+    pages_->layout()->activate();
+    const int all = rows_->sizes().value(0) + rows_->sizes().value(1);
+    const int list_height =
+        wanted_list_height_ > 0 ? wanted_list_height_ : std::max(least_list_height, all * 2 / 5);
+    rows_->setSizes({list_height, std::max(least_lower_height, all - list_height)});
 }
 
 void frmMain::Tell_geometry() {
@@ -282,6 +302,7 @@ void frmMain::Refresh_games() {
     games->Refresh();
     pages_->setCurrentIndex(Any_game_is_set_up(program_) ? 1 : 0);
     find->setVisible(!shows_empty_state());
+    Place_splitter();
     if (!games_menu_)
         return;
     for (QAction *action : games_menu_->actions())

@@ -82,6 +82,7 @@ private:
     void Start_timers();
     /// Where the window stands, for whoever stores it.
     void Tell_geometry();
+    void Place_splitter();
 
     Program &program_;
     Qt_Ui &ui_;
@@ -96,6 +97,8 @@ private:
     bool told_busy_ = false;
     bool close_wanted_ = false;
     bool closed_ = false;
+    bool splitter_is_placed_ = false;
+    int wanted_list_height_ = 0; ///< as it was kept; 0 for none
 };
 
 /// Fonts, colours and style of the whole program.
