@@ -10,10 +10,10 @@ namespace vantrosk {
 /// One entry of an archive that is built byte by byte. What is not set is honest.
 struct Raw_Entry {
     QByteArray name;
-    QByteArray content{};                    ///< as it lies in the archive
-    std::optional<quint32> size{};           ///< the length it says it has when unpacked
-    std::optional<quint32> packed_size{};    ///< the length it says it has in the archive
-    std::optional<quint32> crc{};            ///< of the unpacked bytes
+    QByteArray content{};                  ///< as it lies in the archive
+    std::optional<quint32> size{};         ///< the length it says it has when unpacked
+    std::optional<quint32> packed_size{};  ///< the length it says it has in the archive
+    std::optional<quint32> crc{};          ///< of the unpacked bytes
     int flags = 0;                         ///< 1 encrypted, 0x800 name is UTF-8
     int method = 0;                        ///< 0 stored, 8 deflated
     int system = 0;                        ///< 0 DOS, 3 Unix, 19 Mac OS X
