@@ -85,8 +85,8 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     rows_->setChildrenCollapsible(false);
     rows_->addWidget(list);
     rows_->addWidget(Make_lower_half());
-    rows_->setStretchFactor(0, 2);
-    rows_->setStretchFactor(1, 3);
+    rows_->setStretchFactor(0, 0);
+    rows_->setStretchFactor(1, 1);
 
     pages_->addWidget(empty_state);
     pages_->addWidget(rows_);
