@@ -38,11 +38,25 @@ bool Zip_can_be_opened(Install_Run &run) {
     Program &program = run.program;
     cUnzip zip(program.files);
     zip.ZipFile = Join_path(Tidy_path(program.CURRENT_LOCATION), run.zip_name);
+    for (const QChar c : run.zip_name)
+        if (c < u' ')
+            return Refuse(run, "WARNING: Vantrosk can not install an FM whose name holds a line break.");
     if (run.zip_name.isEmpty() || !FileExists(program, zip.ZipFile))
         return Refuse(run, "WARNING: Vantrosk has detected that your FM " + zip.ZipFile + " does not exist.");
     if (const Fault fault = zip.Directory())
         return Refuse(run, "WARNING: Vantrosk can not open your FM " + zip.ZipFile + ".\r\n" + fault.text);
     return true;
+}
+
+/// Two runs on one folder would take each other's files for the game's own.
+bool Game_folder_is_free(Install_Run &run) {
+    Program &program = run.program;
+    const auto lock = program.files.lock_folder(program.CURRENT_GAME_PATH);
+    run.folder_lock = lock.value;
+    if (lock.fault.kind != Fault_Kind::exists)
+        return true;
+    return Refuse(run, "WARNING: another Vantrosk is installing into " + program.CURRENT_GAME_PATH +
+                           " at this moment.\r\nNO install has taken place");
 }
 
 bool Thief3_saves_are_set_up(Install_Run &run) {
@@ -90,8 +104,8 @@ bool Other_loader_is_idle(Install_Run &run) {
 } // namespace
 
 bool Guards_let_pass(Install_Run &run) {
-    return Thief3_saves_are_set_up(run) && Game_folder_is_there(run) &&
-           (run.restore_originals || Zip_can_be_opened(run)) && Undo_list_can_be_read(run) &&
+    return Thief3_saves_are_set_up(run) && (run.restore_originals || Zip_can_be_opened(run)) &&
+           Game_folder_is_there(run) && Game_folder_is_free(run) && Undo_list_can_be_read(run) &&
            Other_loader_is_idle(run);
 }
 

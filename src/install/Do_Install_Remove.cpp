@@ -42,19 +42,20 @@ bool Empty_tree(Program &program, const QString &folder, int depth) {
     const auto listed = program.files.list_folder(folder);
     if (!listed.ok() || depth > deepest_tree)
         return false;
+    bool empty = true;
     for (const File_Info &entry : listed.value) {
-        // A link leads elsewhere: to the tree it is like a file.
-        if (!entry.is_folder || entry.is_link)
-            return false;
         const QString inner = Join_path(folder, entry.name);
-        if (!Empty_tree(program, inner, depth + 1))
-            return false;
+        // A link leads elsewhere: to the tree it is like a file.
+        if (!entry.is_folder || entry.is_link || !Empty_tree(program, inner, depth + 1)) {
+            empty = false;
+            continue;
+        }
         if (const Fault fault = program.files.remove_folder(inner)) {
             Trace_fault(program, fault);
-            return false;
+            empty = false;
         }
     }
-    return true;
+    return empty;
 }
 
 /// The files of one previous mission on their way out.

@@ -60,8 +60,9 @@ enum class Install_End {
 struct Install_Run {
     Program &program;
     bool restore_originals = false;
-    QString zip_name;        ///< of the selected row
-    bool unfinished = false; ///< an earlier run on this folder stopped half way
+    QString zip_name;                    ///< of the selected row
+    std::shared_ptr<void> folder_lock{}; ///< held to the end of the run
+    bool unfinished = false;             ///< an earlier run on this folder stopped half way
     std::optional<Undo_List> previous{};
     Leaving leaving{};
     Install_Base base{}; ///< of what arrives

@@ -36,6 +36,7 @@ struct Packing {
     QSet<QString> archived; ///< upper-case paths that the archive was read back to hold
     QStringList emptied;    ///< folders that a save was taken from
     bool grows = false;
+    bool all_gone = true;  ///< no archived save was left live
     bool all_safe = false; ///< no save was left live without an archive
 };
 
@@ -240,7 +241,9 @@ bool Take_save_away(Packing &packing, const Save_File &save) {
         Recover_log(packing.program, "//" + save.path);
     if (!packing.archived.contains(Tidy_path(save.path).toUpper()))
         return Move_to_unsaved(packing, save);
-    Trace_fault(packing.program, DeleteFileForced(packing.program, save.path));
+    const Fault fault = DeleteFileForced(packing.program, save.path);
+    Trace_fault(packing.program, fault);
+    packing.all_gone = packing.all_gone && !fault;
     return true;
 }
 
@@ -281,6 +284,9 @@ void Take_saves_away(Packing &packing) {
         Remove_profile_folders(packing);
     if (packing.layout.kind == Save_Kind::shock_folders)
         Remove_shock_folders(packing);
+    // Archived, so nothing is lost, but the next mission would see them: the user is told.
+    if (!packing.all_gone)
+        throw Program_Error(75, "Path/File access error");
 }
 
 void Log_packing(Packing &packing) {

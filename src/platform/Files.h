@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -66,6 +67,9 @@ public:
     /// Lifts a write protection; no fault when there was none.
     virtual Fault clear_attributes(const QString &path) = 0;
     virtual Fault set_modified(const QString &path, const QDateTime &when) = 0;
+    /// Keeps other programs of this kind away from a folder until the answer is let go of; `exists` when one
+    /// of them has it. Leaves nothing on disk. Where the system has no such thing the folder counts as free.
+    virtual Result<std::shared_ptr<void>> lock_folder(const QString &) { return {}; }
     /// The path with links resolved, as a Windows path; empty when it does not exist.
     virtual QString real_path(const QString &path) const = 0;
 };

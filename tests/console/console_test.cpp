@@ -183,6 +183,30 @@ TEST_F(Console, Install_play_and_restore_go_the_whole_road_and_the_game_folder_i
     EXPECT_EQ(after, before);
 }
 
+TEST_F(Console, Two_runs_never_work_on_one_game_folder_at_the_same_time) {
+    set_up();
+    const Snapshot before = world.snapshot("games/Thief2");
+    auto other = world.platform.files->lock_folder(world.windows("games/Thief2"));
+    const Console_Run refused = run({"--json", "install", "T2", "frost.zip"});
+    EXPECT_EQ(refused.exit_code, 1);
+    EXPECT_EQ(refused.json()["status"].toString(), "Install Aborted");
+    EXPECT_TRUE(refused.err.join('\n').contains("another Vantrosk is installing into"));
+    EXPECT_EQ(world.snapshot("games/Thief2"), before);
+    other.value.reset();
+    EXPECT_EQ(run({"install", "T2", "frost.zip"}).exit_code, 0);
+}
+
+TEST_F(Console, A_known_zip_that_became_unreadable_is_named_and_nothing_changes) {
+    set_up();
+    run({"scan", "T2"});
+    world.write("missions/frost.zip", "no zip any more");
+    const Snapshot before = world.snapshot("games/Thief2");
+    const Console_Run install = run({"install", "T2", "frost.zip"});
+    EXPECT_EQ(install.exit_code, 1);
+    EXPECT_TRUE(install.err.join('\n').contains("frost.zip")) << install.err.join('\n').toStdString();
+    EXPECT_EQ(world.snapshot("games/Thief2"), before);
+}
+
 TEST_F(Console, Play_refuses_what_is_not_installed_and_starts_nothing) {
     set_up();
     const Console_Run play = run({"--json", "play", "T2", "frost.zip"});

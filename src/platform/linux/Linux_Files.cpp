@@ -4,6 +4,7 @@
 #include <QRandomGenerator>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -157,6 +158,7 @@ public:
     QString to_native(const QString &path) const override { return QString::fromUtf8(paths_->native(path)); }
     QString to_windows(const QString &native_path) const override { return paths_->windows(native_path); }
 
+    Result<std::shared_ptr<void>> lock_folder(const QString &path) override;
     std::optional<File_Info> look(const QString &path) const override;
     Result<std::vector<File_Info>> list_folder(const QString &path) const override;
     Result<QByteArray> read_file(const QString &path, qint64 limit) const override {
@@ -182,6 +184,21 @@ private:
 
     std::shared_ptr<const Path_Map> paths_;
 };
+
+/// The kernel lets go of the lock with the last descriptor, after a kill too.
+Result<std::shared_ptr<void>> Linux_Files::lock_folder(const QString &path) {
+    const int folder = ::open(paths_->native(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return {{}, System_fault(errno, "open", paths_->native(path))};
+    if (::flock(folder, LOCK_EX | LOCK_NB) != 0) {
+        const int reason = errno;
+        ::close(folder);
+        if (reason == EWOULDBLOCK)
+            return {{}, {Fault_Kind::exists, QString("\"%1\" is in use.").arg(to_native(path)), reason}};
+        return {}; // a file system without locks
+    }
+    return {std::shared_ptr<void>(nullptr, [folder](void *) { ::close(folder); }), {}};
+}
 
 std::optional<File_Info> Linux_Files::look(const QString &path) const {
     const QByteArray native = paths_->native(path);

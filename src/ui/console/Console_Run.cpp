@@ -83,7 +83,7 @@ int Run_command(Platform &platform, const Console_Streams &streams, const Words 
     const Console_Command &command = Command_of(words.command);
     const QString home =
         words.home.isEmpty() ? default_home : QDir::cleanPath(QFileInfo(words.home).absoluteFilePath());
-    Console_Ui ui(streams, words.answers);
+    Console_Ui ui(streams, words.answers, platform.files.get());
     Program program(platform, ui, platform.files->to_windows(home));
     if (!Start_Program(program)) {
         streams.err(QStringLiteral("Vantrosk could not start in %1").arg(home));

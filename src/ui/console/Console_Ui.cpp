@@ -63,8 +63,8 @@ QString On_one_line(QString text) {
 
 } // namespace
 
-Console_Ui::Console_Ui(Console_Streams streams, QStringList answers)
-    : streams_(std::move(streams)), answers_(answers.begin(), answers.end()) {}
+Console_Ui::Console_Ui(Console_Streams streams, QStringList answers, const Files *files)
+    : streams_(std::move(streams)), files_(files), answers_(answers.begin(), answers.end()) {}
 
 void Console_Ui::report(const char *kind, const QString &title, const QString &text, const QString &answer) {
     streams_.err(QStringLiteral("%1 \"%2\" %3 -> %4")
@@ -104,7 +104,8 @@ void Console_Ui::set_status_panel(int panel, const QString &text) {
 }
 
 void Console_Ui::show_notes(const QString &path) {
-    streams_.err(QStringLiteral("An install did not finish. What to do stands in %1").arg(path));
+    streams_.err(QStringLiteral("An install did not finish. What to do stands in %1")
+                     .arg(files_ ? files_->to_native(path) : path));
 }
 
 } // namespace vantrosk

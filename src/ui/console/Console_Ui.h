@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Files.h"
 #include "ui/Ui.h"
 
 #include <QStringList>
@@ -20,7 +21,8 @@ struct Console_Streams {
 /// console can not show it leaves out.
 class Console_Ui : public Ui {
 public:
-    Console_Ui(Console_Streams streams, QStringList answers);
+    /// `files` turns paths into native ones for the user's eyes; null leaves them.
+    Console_Ui(Console_Streams streams, QStringList answers, const Files *files = nullptr);
 
     /// Every text that status panel 1 showed, in order: the outcome of an install is among them.
     const QStringList &panel_1_texts() const { return panel_1_texts_; }
@@ -51,6 +53,7 @@ private:
     void report(const char *kind, const QString &title, const QString &text, const QString &answer);
 
     Console_Streams streams_;
+    const Files *files_;
     std::deque<QString> answers_;
     QStringList panel_1_texts_;
 };
