@@ -22,6 +22,13 @@ QString Rtf_text(Program &program, const QString &path) {
     return Write_RTF_Text(program, Text_of_rtf(document.value), program.paths.info);
 }
 
+/// The plain text lies in INFO in both cases: the fields of the details come from it.
+QString Rtf_page(Program &program, const QString &path) {
+    const QString text = Rtf_text(program, path);
+    const QString page = program.tweaks.VIEW_RTF_AS_VKML ? Render_Text_Readme(program, text) : QString();
+    return page.isEmpty() ? Render_RTF_Readme(program, path) : page;
+}
+
 /// The page or file that the browser is to show; empty for none.
 QString Readme_page(Program &program) {
     if (!program.TEXTFILENAME.isEmpty()) {
@@ -31,7 +38,7 @@ QString Readme_page(Program &program) {
         return FileExists(program, path) ? path : QString();
     }
     if (!program.fm.RTF_readme.isEmpty())
-        return Render_Text_Readme(program, Rtf_text(program, In_info(program, program.fm.RTF_readme)));
+        return Rtf_page(program, In_info(program, program.fm.RTF_readme));
     if (!program.fm.VKML_readme.isEmpty())
         return Render_VKML_Readme(program, In_info(program, program.fm.VKML_readme));
     return {};

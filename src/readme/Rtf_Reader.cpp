@@ -2,6 +2,7 @@
 
 #include "core/mdlFile_Functions.h"
 #include "readme/Code_Pages.h"
+#include "readme/Rtf_Sink.h"
 #include "readme/Rtf_Words.h"
 
 #include <QHash>
@@ -69,7 +70,7 @@ struct Word {
 
 class Rtf_Reader {
 public:
-    explicit Rtf_Reader(QByteArrayView bytes) : bytes_(bytes) {}
+    explicit Rtf_Reader(QByteArrayView bytes, Rtf_Sink *sink = nullptr) : bytes_(bytes), sink_(sink) {}
 
     QString text() {
         while (at_ < bytes_.size() && !ended_)
@@ -104,6 +105,8 @@ private:
 
     void open_group() {
         flush();
+        if (sink_)
+            sink_->Open_group();
         fallback_left_ = 0;
         ++depth_;
         if (stack_.size() < stored_groups)
@@ -116,6 +119,8 @@ private:
 
     void close_group() {
         flush();
+        if (sink_)
+            sink_->Close_group();
         fallback_left_ = 0;
         skip_next_group_ = false;
         starred_ = false;
@@ -223,6 +228,10 @@ private:
         const Rtf_Word *known = Find_Rtf_Word(word.name);
         const bool passed_over = starred_ && !(known && known->opens_group());
         starred_ = false;
+        if (sink_ && !passed_over) {
+            flush();
+            sink_->Take_word(word.name, word.number, is_skipped());
+        }
         if (passed_over)
             skip_group();
         else if (known && known->text != 0)
@@ -319,6 +328,8 @@ private:
         if (starred_ && byte == ' ')
             return;
         starred_ = false;
+        if (sink_ && is_skipped())
+            sink_->Take_skipped(byte);
         if (!stands_in() && !is_skipped() && !now_.hidden)
             pending_ += byte;
     }
@@ -358,7 +369,11 @@ private:
         if (character == QChar::LineSeparator || character == QChar::ParagraphSeparator ||
             character == QLatin1Char('\r'))
             character = QLatin1Char('\n');
-        if (Is_layout(character) || character.category() != QChar::Other_Control)
+        if (!Is_layout(character) && character.category() == QChar::Other_Control)
+            return;
+        if (sink_)
+            sink_->Take_character(character);
+        else
             text_ += character;
     }
 
@@ -371,6 +386,7 @@ private:
     }
 
     QByteArrayView bytes_;
+    Rtf_Sink *sink_; ///< takes the text in the place of `text_`; null for none
     qsizetype at_ = 0;
     bool ended_ = false;
 
@@ -409,6 +425,16 @@ QString Text_of_rtf(const QByteArray &bytes) {
     const QByteArray document = bytes.left(rtf_limit);
     const qsizetype start = Start_of_rtf(document);
     return start < 0 ? Text_of_other(document) : Rtf_Reader(QByteArrayView(document).sliced(start)).text();
+}
+
+void Read_rtf(const QByteArray &bytes, Rtf_Sink &sink) {
+    const QByteArray document = bytes.left(rtf_limit);
+    if (const qsizetype start = Start_of_rtf(document); start >= 0) {
+        Rtf_Reader(QByteArrayView(document).sliced(start), &sink).text();
+        return;
+    }
+    for (const QChar character : Text_of_other(document))
+        sink.Take_character(character);
 }
 
 } // namespace vantrosk

@@ -39,6 +39,9 @@ QString Render_VKML_Readme(Program &program, const QString &path);
 /// Keeps the text of an ".rtf" readme as `rtf_text_name` in `folder`, which ends in "\"; its path, empty when
 /// it can not be written.
 QString Write_RTF_Text(Program &program, const QString &text, const QString &folder);
+/// An ".rtf" readme as a page beside it that looks as its author formatted it. Empty when it has no text or
+/// can not be read.
+QString Render_RTF_Readme(Program &program, const QString &path);
 /// A page of a heading and a sentence at `page_path`; empty when it can not be written.
 QString Render_Notice(Program &program, const QString &page_path, const QString &heading,
                       const QString &text);

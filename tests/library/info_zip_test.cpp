@@ -151,10 +151,14 @@ TEST_F(Info_Zip, An_rtf_readme_is_shown_as_text_and_gives_the_fields) {
                     .contains("Loading Rich Text File.\r\nRich Text File Loaded.\r\n"));
 }
 
-TEST_F(Info_Zip, An_rtf_readme_is_the_same_page_with_the_tweak_off) {
+TEST_F(Info_Zip, An_rtf_readme_is_shown_as_its_author_formatted_it_with_the_tweak_off) {
     program.tweaks.VIEW_RTF_AS_VKML = false;
-    examine({a_mission, rtf_readme});
-    EXPECT_EQ(program.fm.readme_page, info_path("temprtf.htm"));
+    examine({a_mission, {"Readme.rtf", "{\\rtf1\\qc{\\b Title : Vault}\\par Author : Ann\\par}", {}}});
+    EXPECT_EQ(program.fm.readme_page, info_path("Readme.htm"));
+    EXPECT_TRUE(page().contains(">Title : Vault</span></p>"));
+    EXPECT_TRUE(page().contains("font-weight:bold"));
+    EXPECT_EQ(details().name, "Vault");
+    EXPECT_EQ(details().author, "Ann");
 }
 
 TEST_F(Info_Zip, An_rtf_readme_without_text_leaves_the_page_blank) {
