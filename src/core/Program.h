@@ -34,7 +34,8 @@ struct Paths {
 
 /// What the last scan found, beyond the list itself.
 struct Scan_Summary {
-    QString game; ///< the list's key
+    QString game;   ///< the list's key
+    int filter = 0; ///< row filter in force; 0 none
     QString caption;
     int zip_count = 0;
     qint64 total_size = 0; ///< bytes
@@ -46,6 +47,7 @@ struct Scan_Summary {
 
 /// What the selected FM is, as found out at its selection and used by install and play.
 struct Selected_Fm {
+    QString record_game;             ///< game of its record in the database; empty without a record
     QString RTF_readme, VKML_readme; ///< names as in the zip
     QString FM_FOLDER;               ///< folder in the zip of the last .PK4
     QString background_image;        ///< name in INFO

@@ -64,14 +64,19 @@ struct Details_Panel {
     QString picture_path;        ///< Windows path of the picture to show; empty for the default picture
     QStringList animation_paths; ///< frames of a numbered animation, 150 ms each
 
-    QString score, review; ///< the user's own
-    std::array<bool, 4> finished{};
+    /// Score, review and boxes are those of the mission's record: an edit of them is saved there.
+    bool record_shown = false;
+    QString score, review;                ///< the user's own
+    std::array<bool, 4> finished{};       ///< Easy, Normal, Hard, Expert
+    std::array<bool, 4> small_finished{}; ///< the same boxes of the small panel; a box set in either counts
     QString fourth_level_label = "EX:", fourth_level_tip = "EXPERT:", fourth_level_text = "Expert";
     QString group_score, group_label, group_tip;
     int group_picture = 0;     ///< 1 to 4: over 29, over 9, over 1 people, the rest; 0 none
     bool group_is_old = false; ///< fetched more than 90 days ago
-    bool score_upload = false, keywords_upload = false;
-    QString keywords;
+    bool score_upload = false, keywords_upload = false;       ///< not uploaded yet
+    bool uploads_shown = true;                                ///< nothing of a custom game is ever uploaded
+    bool score_upload_on = false, keywords_upload_on = false; ///< may be pressed now
+    QString keywords; ///< ticked entries of the keyword list, joined by ","
 
     bool install_enabled = false; ///< the Install button may be pressed
     bool shows_installed = false; ///< the Install button reads as for an installed FM

@@ -6,6 +6,7 @@
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "install/undo/Undo_List.h"
+#include "library/Fm_List_Save.h"
 #include "library/Get_Info.h"
 
 #include <QScopeGuard>
@@ -59,7 +60,7 @@ void Set_multi_player_tab(Program &program, bool wanted) {
 }
 
 void Set_fourth_level(Details_Panel &details, bool is_shock) {
-    details.finished = {};
+    details.finished = details.small_finished = {};
     details.fourth_level_label = is_shock ? "  I:" : "EX:";
     details.fourth_level_tip = is_shock ? "IMPOSSIBLE:" : "EXPERT:";
     details.fourth_level_text = is_shock ? "Impossible" : "Expert";
@@ -131,15 +132,23 @@ void Finish_examining(Program &program, int row) {
     const bool is_fm = row >= program.screen.list.original_rows;
     program.screen.details.reset_enabled = is_fm && !Row_at(program, row).cells[col_zip].isEmpty();
     program.screen.no_mission_selected = false;
+    Set_Upload_Controls(program);
     program.ui.list_row_changed(row);
     program.ui.details_changed();
+}
+
+/// The row is no mission. What the panel told of another one goes, so that no button works on that.
+void Select_nothing(Program &program) {
+    Flush_debug_log(program);
+    program.FM_PANEL.clear();
+    Reset_Details(program);
 }
 
 void Examine_row(Program &program, int row) {
     const QString zip_cell = Row_at(program, row).cells[col_zip];
     Start_examining(program, zip_cell);
     if (!Is_examined(zip_cell))
-        return Flush_debug_log(program);
+        return Select_nothing(program);
     if (program.tweaks.FOCUS_ON_FM)
         program.screen.list.top_row = row;
     program.ui.list_current_row_changed();
@@ -160,6 +169,7 @@ void Row_Click(Program &program, int row, int column) {
     Fm_List &list = screen.list;
     if (screen.busy || list.rows.empty())
         return;
+    Save_Pending_Edits(program);
     screen.busy = true;
     screen.details.keywords.clear();
     const bool by_program = list.first_selection_state != 0;

@@ -13,6 +13,9 @@ void Row_Click(Program &program, int row, int column);
 void Heading_Click(Program &program, int column);
 /// Jump by key: letters and digits typed so far choose the row.
 void Key_Press(Program &program, QChar key);
+/// The top row after a turn of the mouse wheel: a list's height further, ten rows at the least. A negative
+/// delta moves down. The result is a row from `first_row` to the last of `rows`.
+int MouseWheel(int top_row, int delta, int list_height, int row_height, int first_row, int rows);
 /// The tip of a cell; row and column as in the list.
 QString Cell_Tip(const Program &program, int row, int column);
 /// Sorts the rows below the original ones by the text of a column. Calling it again reverses.

@@ -14,6 +14,7 @@ namespace {
 
 constexpr const char *ascending_mark = "> ";
 constexpr const char *descending_mark = "< ";
+constexpr int least_wheel_turn = 10; ///< rows
 constexpr std::array<const char *, column_count> heading_texts{
     "",       "FM Name",  "Zip",  "Author", "Size",     "Score",   "Grp Score", "Last Played",
     "Review", "Finished", "Game", "Ready",  "Zip Date", "Category"};
@@ -108,6 +109,12 @@ void Key_Press(Program &program, QChar key) {
         list.current_row = static_cast<int>(row);
         return program.ui.list_current_row_changed();
     }
+}
+
+int MouseWheel(int top_row, int delta, int list_height, int row_height, int first_row, int rows) {
+    const int turn = std::max(least_wheel_turn, list_height / std::max(1, row_height));
+    const int wanted = delta < 0 ? top_row + turn : delta > 0 ? top_row - turn : top_row;
+    return std::clamp(wanted, first_row, std::max(first_row, rows - 1));
 }
 
 QString Cell_Tip(const Program &program, int row, int column) {

@@ -73,8 +73,15 @@ void Show_own_fields(Program &program, const Recordset &record) {
     details.score = record.text(0, "score");
     details.review = record.text(0, "review");
     details.finished = Finished_boxes(record.number(0, "completed"));
+    details.small_finished = details.finished;
     const QDateTime played = record.date_time(0, "last_played");
     details.last_played_text = played.isValid() ? played.toString("dd/MM/yy HH:mm") : QString();
+}
+
+/// From here on the fields of the panel are those of this record.
+void Edits_go_to(Program &program, const QString &record_game) {
+    program.fm.record_game = record_game;
+    program.screen.details.record_shown = true;
 }
 
 /// A mission whose readme has no title may have one in its "titles.str".
@@ -112,6 +119,7 @@ void Show_Record(Program &program, const Info_Run &run) {
     Mend_name(program, run);
     if (program.screen.details.name.isEmpty())
         program.screen.details.name = Name_for_display(run.record.text(0, "FM_name"));
+    Edits_go_to(program, run.record_game);
     program.ui.details_changed();
 }
 
@@ -136,6 +144,7 @@ void Insert_Record(Program &program, Info_Run &run) {
                                 In_single_quotes(without_quotes(details.name)) + "," +
                                 In_single_quotes(without_quotes(details.author)) + "," +
                                 In_single_quotes(program.CURRENT_GAME) + "," + date + ")");
+        Edits_go_to(program, program.CURRENT_GAME);
     }
     run.record_game = program.CURRENT_GAME;
 }

@@ -50,6 +50,7 @@ void Start_scan(Program &program, const Scan &scan, const Archives_Request &requ
     program.fm = {};
     program.scan = {};
     program.scan.game = scan.key;
+    program.scan.filter = scan.filter;
     Show_Readme_Page(program, "about:blank");
     program.SELECTED_GAME_TAB = scan.key;
     program.custom_name = scan.is_custom() ? request.custom_name : QString();

@@ -26,5 +26,7 @@ void Get_archives_of_game(Program &program, const QString &game_code, int filter
 
 /// "EA,N,H,EX" for a sum of difficulty weights (1, 3, 5, 11); "I" in the place of "EX" for SS2.
 QString Finished_Text(int completed, const QString &game_code);
+/// Number of the picture beside a score, 0 to 10.
+int Score_Picture(const QString &score);
 
 } // namespace vantrosk

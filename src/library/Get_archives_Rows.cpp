@@ -66,10 +66,6 @@ bool Is_category_hidden(const Scan &scan, const Zip_Record &zip) {
     return caption.isEmpty() || !zip.keywords.contains(caption, Qt::CaseInsensitive);
 }
 
-int Score_picture(const QString &score) {
-    return std::clamp(qRound(score.toDouble()), 0, best_score);
-}
-
 Fm_Row Row_of_zip(const Scan &scan, const Zip_Record &zip) {
     Fm_Row row;
     row.cells[col_name] = Name_for_display(zip.name);
@@ -83,13 +79,17 @@ Fm_Row Row_of_zip(const Scan &scan, const Zip_Record &zip) {
     row.cells[col_finished] = zip.finished;
     row.cells[col_zip_date] = zip.zip_date;
     row.cells[col_category] = zip.category;
-    row.score_picture = Score_picture(zip.score);
-    row.group_score_picture = Score_picture(zip.average_score);
+    row.score_picture = Score_Picture(zip.score);
+    row.group_score_picture = Score_Picture(zip.average_score);
     row.game_icon = scan.is_custom() ? scan.list_name : zip.game;
     return row;
 }
 
 } // namespace
+
+int Score_Picture(const QString &score) {
+    return std::clamp(qRound(score.toDouble()), 0, best_score);
+}
 
 QString Finished_Text(int completed, const QString &game_code) {
     QStringList parts;

@@ -9,50 +9,14 @@
 #include "library/Fm_List_View.h"
 #include "library/Get_archives.h"
 #include "ui/console/Console_Json.h"
-
-#include <QDir>
-#include <QFileInfo>
+#include "ui/console/Console_Words.h"
+#include "ui/console/Mission_Commands.h"
 
 namespace vantrosk {
 
 namespace {
 
-// ---- words ----
-
-void Expect_count(const Console_Context &context, int least, int most, const char *usage) {
-    const qsizetype count = context.arguments.size();
-    if (count < least || count > most)
-        throw Wrong_Usage(QStringLiteral("usage: vantrosk-cli %1").arg(QLatin1String(usage)));
-}
-
-const Game &Game_of_word(const QString &word) {
-    // Doom 3 missions stand in the list of The Dark Mod.
-    const QString code = word.compare("DOOM", Qt::CaseInsensitive) == 0 ? QStringLiteral("DMOD") : word;
-    const Game *game = Find_Game(code);
-    if (!game)
-        throw Wrong_Usage(QStringLiteral("there is no game \"%1\"").arg(word));
-    return *game;
-}
-
-Console_Result Failed(const QString &reason, const QJsonValue &json = {}) {
-    Console_Result result;
-    result.exit_code = 1;
-    result.reason = reason;
-    result.json = json;
-    return result;
-}
-
 // ---- paths at the door ----
-
-bool Looks_like_windows_path(const QString &path) {
-    return path.size() > 1 && path[1] == ':' && path[0].isLetter();
-}
-
-QString Path_at_the_door(const Program &program, const QString &path) {
-    if (path.isEmpty() || Looks_like_windows_path(path))
-        return path;
-    return program.files.to_windows(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
-}
 
 /// Folders joined by ":"; a drive letter's colon is none of those, and a list in its stored form stays.
 QString Folder_list_at_the_door(const Program &program, const QString &value) {
@@ -138,30 +102,6 @@ Console_Result Tweaks_command(const Console_Context &context) {
 }
 
 // ---- the list ----
-
-/// "Original" stands for the first row of the game's own missions.
-QString Row_name(const Program &program, const QString &word) {
-    if (word.compare("Original", Qt::CaseInsensitive) != 0)
-        return word;
-    const Fm_List &list = program.screen.list;
-    return list.original_rows > 0 ? list.rows[0].cells[col_zip] : word;
-}
-
-/// Selects a row of the filled list as a click would; false when the list has none of that name.
-bool Select_row(Program &program, const QString &zip) {
-    const int row = program.screen.list.find_zip(Row_name(program, zip));
-    if (row < 0)
-        return false;
-    // Selected by the program, not by a mouse.
-    program.screen.list.first_selection_state = 1;
-    program.screen.list.current_row = row;
-    Row_Click(program, row, col_name);
-    return true;
-}
-
-QString Not_in_list(const Game &game, const QString &zip) {
-    return QStringLiteral("\"%1\" is not in the list of %2").arg(zip, QLatin1String(game.code));
-}
 
 QStringList Table_of_rows(const Program &program) {
     QStringList lines;
@@ -295,6 +235,9 @@ const std::vector<Console_Command> &Console_Commands() {
         {"tweaks", tweaks_usage, "show or set a value of the tweaks ini", Tweaks_command},
         {"scan", scan_usage, "fill the list of a game from its folders", Scan_command},
         {"info", info_usage, "tell what one mission is", Info_command},
+        {"score", score_usage, "score, review and finish a mission", Score_command},
+        {"reset", reset_usage, "forget what is stored of a mission", Reset_command},
+        {"fields", fields_usage, "tell what a readme says", Fields_command},
         {"install", install_usage, "install a mission into its game", Install_command},
         {"restore", restore_usage, "put the original missions back", Restore_command},
         {"play", play_usage, "start the game with what is installed", Play_command},
