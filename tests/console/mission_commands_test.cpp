@@ -148,7 +148,8 @@ TEST_F(Mission_Commands, Fields_reads_rtf_and_vkml_by_their_extensions) {
     EXPECT_EQ(
         run({"--json", "fields", world.native("a.RTF")}).json(),
         (QJsonObject{{"name", "Frost"}, {"author", "Ann"}, {"game_text", "Thief Gold"}, {"game", "TG"}}));
-    world.write("a.vkml", "[VKTITLE]Vault[/VKTITLE][VKNL]\r\n[VKAUTHOR]Author : Bea[/VKAUTHOR][VKNL]\r\n");
+    world.write("a.vkml",
+                "[VKCENTER][VKTITLE]Vault[/VKTITLE][VKNL]\r\n[VKAUTHOR]Author : Bea[/VKAUTHOR][VKNL]\r\n");
     const QJsonObject vkml = run({"--json", "fields", world.native("a.vkml")}).json();
     EXPECT_EQ(vkml["name"].toString(), "Vault");
     EXPECT_EQ(vkml["author"].toString(), "Bea");
