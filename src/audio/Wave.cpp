@@ -1,12 +1,9 @@
 #include "audio/Wave.h"
 
+#include "audio/Sound_Source.h"
 #include "platform/Staged_File.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 #include <samplerate.h>
-#include <sndfile.h>
 
 #include <algorithm>
 #include <cmath>
@@ -18,16 +15,13 @@ namespace vantrosk {
 namespace {
 
 constexpr int mp3_target_rate = 22050;
-constexpr sf_count_t block_frames = 8192;
+/// Tracker music has no rate of its own.
+constexpr int module_rate = 44100;
+constexpr long block_frames = 8192;
 constexpr qint64 header_size = 44;
 constexpr int most_channels = 8;
 /// Both lengths in the header have 32 bits.
 constexpr qint64 longest_data = 0xffffffffLL - header_size;
-
-struct Sound_Closer {
-    void operator()(SNDFILE *sound) const { sf_close(sound); }
-};
-using Sound_Handle = std::unique_ptr<SNDFILE, Sound_Closer>;
 
 struct Rate_Closer {
     void operator()(SRC_STATE *state) const { src_delete(state); }
@@ -75,35 +69,35 @@ void Append_samples(QByteArray &bytes, const float *samples, size_t count, int b
 /// The sound of a file as frames at the target's rate, block by block.
 class Sound_Reader {
 public:
-    Sound_Reader(const QString &native, const QString &name) : name_(name) {
-        if (QFileInfo(native).isFile())
-            sound_.reset(sf_open(QFile::encodeName(native).constData(), SFM_READ, &info_));
+    Sound_Reader(const QString &native, const QString &name, bool keeps_rate) : name_(name) {
+        source_ = Open_sound_file(native);
+        if (!source_)
+            source_ = Open_module_music(native, keeps_rate ? module_rate : mp3_target_rate);
+        keeps_rate_ = keeps_rate;
     }
 
-    Fault prepare(bool keeps_rate) {
-        if (!sound_ || info_.channels < 1 || info_.channels > most_channels || info_.samplerate < 1)
+    Fault prepare() {
+        if (!source_ || source_->channels < 1 || source_->channels > most_channels || source_->rate < 1)
             return damaged();
-        const int encoding = info_.format & SF_FORMAT_SUBMASK;
-        format_.channels = info_.channels;
-        format_.bits = encoding == SF_FORMAT_PCM_S8 || encoding == SF_FORMAT_PCM_U8 ? 8 : 16;
-        format_.rate = keeps_rate ? info_.samplerate : mp3_target_rate;
-        ratio_ = double(format_.rate) / info_.samplerate;
-        input_.resize(static_cast<size_t>(block_frames) * static_cast<size_t>(info_.channels));
-        if (format_.rate == info_.samplerate)
+        format_.channels = source_->channels;
+        format_.bits = source_->bits;
+        format_.rate = keeps_rate_ ? source_->rate : mp3_target_rate;
+        ratio_ = double(format_.rate) / source_->rate;
+        input_.resize(static_cast<size_t>(block_frames) * channels());
+        if (format_.rate == source_->rate)
             return {};
         int error = 0;
         if (!src_is_valid_ratio(ratio_))
             return damaged();
-        resampler_.reset(src_new(SRC_SINC_FASTEST, info_.channels, &error));
-        output_.resize(static_cast<size_t>(std::ceil(block_frames * ratio_) + 64) *
-                       static_cast<size_t>(info_.channels));
+        resampler_.reset(src_new(SRC_SINC_FASTEST, source_->channels, &error));
+        output_.resize(static_cast<size_t>(std::ceil(block_frames * ratio_) + 64) * channels());
         return resampler_ ? Fault{} : damaged();
     }
 
     const Wave_Format &format() const { return format_; }
     /// Bytes that the whole sound will take, as far as its header tells.
     qint64 expected_size() const {
-        return static_cast<qint64>(std::max<double>(0, double(info_.frames) * ratio_)) * format_.frame_size();
+        return static_cast<qint64>(std::max<double>(0, source_->frames * ratio_)) * format_.frame_size();
     }
 
     /// Appends the next samples; nothing is appended at the end.
@@ -123,7 +117,7 @@ public:
     }
 
 private:
-    size_t channels() const { return static_cast<size_t>(info_.channels); }
+    size_t channels() const { return static_cast<size_t>(source_->channels); }
 
     Fault damaged() const {
         return {Fault_Kind::damaged, QString("\"%1\" is not a sound that can be read.").arg(name_)};
@@ -133,8 +127,8 @@ private:
     Fault fill() {
         if (available_ > 0 || at_end_)
             return {};
-        const sf_count_t frames = sf_readf_float(sound_.get(), input_.data(), block_frames);
-        if (frames < 0 || sf_error(sound_.get()) != SF_ERR_NO_ERROR)
+        const long frames = source_->read(input_.data(), block_frames);
+        if (frames < 0)
             return damaged();
         start_ = 0;
         available_ = static_cast<size_t>(frames);
@@ -161,8 +155,8 @@ private:
     }
 
     QString name_;
-    SF_INFO info_{};
-    Sound_Handle sound_;
+    std::unique_ptr<Sound_Source> source_;
+    bool keeps_rate_ = false;
     Rate_Handle resampler_;
     Wave_Format format_;
     double ratio_ = 1;
@@ -205,8 +199,8 @@ Fault Convert_to_wave(Files &files, const QString &source, const QString &target
     const QString name = Name_of_path(source);
     if (!files.look(source))
         return {Fault_Kind::not_found, QString("There is no \"%1\".").arg(name)};
-    Sound_Reader sound(files.to_native(source), name);
-    if (const Fault fault = sound.prepare(source.endsWith(".ogg", Qt::CaseInsensitive)))
+    Sound_Reader sound(files.to_native(source), name, source.endsWith(".ogg", Qt::CaseInsensitive));
+    if (const Fault fault = sound.prepare())
         return fault;
     Staged_File file(files.to_native(target), files.to_native(target + wave_temporary_suffix));
     if (const Fault fault = file.open())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "audio/Audio_Library.h"
+#include "core/Custom_Game.h"
 #include "core/Glossary.h"
 #include "core/Ini_Values.h"
 #include "core/Later_Steps.h"
@@ -125,6 +126,7 @@ struct Program {
 
     // Custom game of the current list.
     QString custom_name, custom_extensions, custom_game_path;
+    Custom_Game custom;
 };
 
 } // namespace vantrosk

@@ -211,7 +211,8 @@ QString DB_Email_Template(Program &program, const QString &type, const QString &
 }
 
 void DB_Touch_Last_Played(Program &program, const QString &zip_name) {
-    if (zip_name.startsWith("ORIGINAL", Qt::CaseInsensitive))
+    const bool is_zip = zip_name.endsWith(".zip", Qt::CaseInsensitive);
+    if (!is_zip && zip_name.startsWith("ORIGINAL", Qt::CaseInsensitive))
         return;
     db_Execute(program,
                "UPDATE Table_Scores SET last_played = now()  WHERE zip_name = " + In_double_quotes(zip_name) +

@@ -7,6 +7,7 @@
 #include "install/Install_Paths.h"
 #include "install/Install_Run.h"
 #include "install/Recover_Log.h"
+#include "install/T3_Ini.h"
 #include "install/undo/Undo_List.h"
 
 namespace vantrosk {
@@ -35,21 +36,6 @@ void End_log(Install_Run &run) {
         Finish_recover_log(run.program);
     else
         Recover_log(run.program, saves_steps);
-}
-
-void Ask_about_skin(Install_Run &run) {
-    if (run.new_skin.isEmpty())
-        return;
-    const bool wanted = Ask_Yes_No(
-        run.program, "New Skin Found",
-        "A new custom skin for Vantrosk has been detected in this FM.\r\n"
-        "It has been added to your skins folder and can be found in PREDEFINED SKINS section of the DISPLAY "
-        "tab "
-        "in the TWEAKS TOOL.\r\n"
-        "This new skin is likely to be designed to acompany this FM so you may want to activate it before "
-        "playing.Would you likw to set it now?");
-    if (wanted)
-        debug_print(run.program, "MAIN FORM: skin \"" + run.new_skin + "\" is to be set in the tweaks");
 }
 
 /// Stages 1 to 3: the folder is the game's own again.
@@ -111,7 +97,7 @@ Install_End Roll_back(Install_Run &run) {
 /// Past the guards.
 Install_End Run_stages(Install_Run &run) {
     if (run.program.CURRENT_GAME == "T3")
-        debug_print(run.program, "MAIN FORM: RestoreT3Ini is not available");
+        RestoreT3Ini(run.program);
     Start_recover_log(run.program);
     run.previous = Read_undo_list(run.program, run.program.CURRENT_GAME_PATH);
     run.leaving = What_is_leaving(run);

@@ -48,6 +48,20 @@ bool Zip_can_be_opened(Install_Run &run) {
     return true;
 }
 
+/// A mission that can not be unpacked in the end must not cost the one that is in place.
+bool Zip_can_be_unpacked(Install_Run &run) {
+    cUnzip zip(run.program.files);
+    zip.ZipFile = Join_path(Tidy_path(run.program.CURRENT_LOCATION), run.zip_name);
+    zip.UseFolderNames = true;
+    Fault fault = zip.Directory();
+    if (!fault) {
+        Preselect_entries(run, zip);
+        fault = zip.Check_selected();
+    }
+    return !fault || Refuse(run, "WARNING: Vantrosk can not install your FM " + zip.ZipFile + ".\r\n" +
+                                     fault.text + "\r\nNO install has taken place");
+}
+
 /// Two runs on one folder would take each other's files for the game's own.
 bool Game_folder_is_free(Install_Run &run) {
     Program &program = run.program;
@@ -106,7 +120,7 @@ bool Other_loader_is_idle(Install_Run &run) {
 bool Guards_let_pass(Install_Run &run) {
     return Thief3_saves_are_set_up(run) && (run.restore_originals || Zip_can_be_opened(run)) &&
            Game_folder_is_there(run) && Game_folder_is_free(run) && Undo_list_can_be_read(run) &&
-           Other_loader_is_idle(run);
+           (run.restore_originals || Zip_can_be_unpacked(run)) && Other_loader_is_idle(run);
 }
 
 } // namespace vantrosk

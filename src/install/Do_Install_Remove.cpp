@@ -112,12 +112,41 @@ private:
 
     /// False when the file is still there.
     bool remove(const QString &path) {
-        if (FolderExists(program_, path))
+        const File_Info *found = look(path);
+        if (!found || found->is_folder)
             return true;
-        const Fault fault = DeleteFileForced(program_, path);
+        const QString spelled = Join_path(Parent_path(path), found->name);
+        // Most files are not protected: they go with one call.
+        const Fault fault = found->read_only || found->is_link ? DeleteFileForced(program_, spelled)
+                                                               : delete_plain(spelled);
         if (fault && !run_.fault)
             run_.fault = fault;
         return !fault;
+    }
+
+    Fault delete_plain(const QString &path) {
+        const Fault fault = program_.files.remove_file(path);
+        return fault && fault.kind != Fault_Kind::not_found ? DeleteFileForced(program_, path) : Fault{};
+    }
+
+    /// Each folder is read once: looking thousands of names up in a folder that changes would read it as often.
+    const File_Info *look(const QString &path) {
+        const QString folder = Parent_path(path);
+        auto known = contents_.find(folder);
+        if (known == contents_.end()) {
+            known = contents_.insert(folder, {});
+            for (const File_Info &entry : program_.files.list_folder(folder).value) {
+                known->exact.insert(entry.name, entry);
+                // Of several spellings the first in binary order stands for all, as everywhere.
+                if (!known->folded.contains(entry.name.toCaseFolded()))
+                    known->folded.insert(entry.name.toCaseFolded(), entry);
+            }
+        }
+        const QString name = FileNameFromPath(path);
+        if (const auto exact = known->exact.constFind(name); exact != known->exact.constEnd())
+            return &exact.value();
+        const auto folded = known->folded.constFind(name.toCaseFolded());
+        return folded == known->folded.constEnd() ? nullptr : &folded.value();
     }
 
     /// Through a linked folder, or by a name that a link resolves otherwise.
@@ -182,6 +211,10 @@ private:
     QStringList names_;
     std::vector<QStringList> found_; ///< for each name, where it was found
     QHash<QString, bool> outside_;
+    struct Contents {
+        QHash<QString, File_Info> exact, folded;
+    };
+    QHash<QString, Contents> contents_; ///< by folder
     QStringList foreign_;
 };
 

@@ -53,18 +53,4 @@ void Repackage_resources(Install_Run &run) {
     List_repackaged_files(run);
 }
 
-void Install_skin(Install_Run &run) {
-    Program &program = run.program;
-    if (run.plan.skin_path.isEmpty())
-        return;
-    const QString name = run.zip_name.toUpper().replace(".ZIP", "_SKIN.ZIP");
-    const QString place = Join_path(program.paths.skins, name);
-    if (FileExists(program, place))
-        return;
-    if (const Fault fault = program.files.copy_file(run.plan.skin_path, place))
-        Trace_fault(program, fault);
-    else
-        run.new_skin = place;
-}
-
 } // namespace vantrosk

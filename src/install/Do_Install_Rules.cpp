@@ -49,12 +49,23 @@ enum class Verdict {
 
 class Rules {
 public:
-    Rules(Install_Run &run, const cUnzip &zip)
+    enum class Looks_at { names, disk_too };
+
+    Rules(Install_Run &run, const cUnzip &zip, Looks_at looks_at = Looks_at::disk_too)
         : run_(run), program_(run.program), game_(program_.CURRENT_GAME), tab_(program_.SELECTED_GAME_TAB),
-          zip_(zip), saves_(Save_layout_of(program_, game_, program_.CURRENT_GAME_PATH)) {
+          is_custom_(tab_ == "CUSTOM"), looks_at_(looks_at), zip_(zip),
+          saves_(Save_layout_of(program_, game_, program_.CURRENT_GAME_PATH)) {
+        if (looks_at == Looks_at::names)
+            return;
         if (const auto archive = Find_save_archive(program_, saves_.backup_folder, run.zip_name))
             if (const auto names = Archive_names(program_, *archive))
                 archived_saves_ = QSet<QString>(names->begin(), names->end());
+    }
+
+    /// Before the previous mission is gone, what lies in the folder decides nothing and nothing is noted.
+    bool may_be_selected(int number) {
+        const Entry entry = entry_of(number);
+        return reason_to_refuse(entry).isEmpty() && verdict_of(entry) != Verdict::drop;
     }
 
     /// Whether the entry is to be extracted; the plan is told what to do about it.
@@ -88,22 +99,30 @@ private:
     QString path_of(const Entry &entry) const { return Join_path(run_.base.folder, entry.relative); }
 
     /// Names that would leave the game folder, and files that this program needs as they are.
-    bool may_be_written(const Entry &entry) {
-        const QString folder = zip_.FileDirectory(entry.number);
-        const QString stored = folder.isEmpty() ? entry.name : folder + "\\" + entry.name;
+    QString reason_to_refuse(const Entry &entry) const {
+        const QString stored = stored_name(entry);
         // A list's lines are trimmed when they are read.
         const bool is_listable = !entry.name.isEmpty() && !entry.name.back().isSpace();
         if (!zip_.FileIsSafe(entry.number) || !Is_safe_entry_name(stored) || !is_listable)
-            return refuse(stored, "its name would leave the game folder");
+            return "its name would leave the game folder";
         if (is_own_file(entry))
-            return refuse(stored, "Vantrosk keeps a file of that name");
-        return true;
+            return "Vantrosk keeps a file of that name";
+        return {};
     }
 
-    bool refuse(const QString &stored, const char *reason) {
+    bool may_be_written(const Entry &entry) {
+        const QString reason = reason_to_refuse(entry);
+        if (reason.isEmpty())
+            return true;
+        const QString stored = stored_name(entry);
         debug_print(program_, "MAIN FORM: \"" + stored + "\" is not extracted: " + reason);
-        Recover_log(program_, "//Not extracted, " + QString(reason) + ": " + stored);
+        Recover_log(program_, "//Not extracted, " + reason + ": " + stored);
         return false;
+    }
+
+    QString stored_name(const Entry &entry) const {
+        const QString folder = zip_.FileDirectory(entry.number);
+        return folder.isEmpty() ? entry.name : folder + "\\" + entry.name;
     }
 
     bool is_own_file(const Entry &entry) const {
@@ -139,12 +158,16 @@ private:
         }
         if (Is_one_of(entry.extension, script_extensions))
             return is_newer_than_present(entry) ? Verdict::record : Verdict::drop;
+        if (entry.extension == ".DLL" && is_custom_ && program_.custom.mod_manage)
+            return Verdict::record;
         if (Is_one_of(entry.extension, program_extensions) || entry.upper == "THUMBS.DB")
             return Is_doom_or_dark_mod(game_) ? Verdict::unrecorded : Verdict::drop;
         return verdict_of_content(entry);
     }
 
     bool is_newer_than_present(const Entry &entry) const {
+        if (looks_at_ == Looks_at::names)
+            return true;
         const auto present = program_.files.look(path_of(entry));
         return !present || present->is_folder || entry.date > present->modified;
     }
@@ -153,11 +176,11 @@ private:
         if (entry.extension == ".MIS")
             run_.plan.missions << entry.upper;
         if (entry.extension == ".MP3" || entry.extension == ".OGG") {
-            if (tab_ == "CUSTOM")
-                return Verdict::record;
+            if (is_custom_)
+                return program_.custom.mp3 ? Verdict::music : Verdict::record;
             return Is_doom_or_dark_mod(game_) ? Verdict::unrecorded : Verdict::music;
         }
-        if (tab_ != "CUSTOM" && Is_one_of(entry.upper, map_pages))
+        if (!is_custom_ && Is_one_of(entry.upper, map_pages))
             run_.plan.has_map_pages = true;
         return Verdict::record;
     }
@@ -180,6 +203,8 @@ private:
     Program &program_;
     const QString game_;
     const QString tab_;
+    const bool is_custom_;
+    const Looks_at looks_at_;
     const cUnzip &zip_;
     Save_Layout saves_;
     QSet<QString> archived_saves_;
@@ -207,6 +232,14 @@ void Plan_made_files(Install_Run &run) {
 }
 
 } // namespace
+
+void Preselect_entries(const Install_Run &run, cUnzip &zip) {
+    Install_Run trial{run.program, false, run.zip_name};
+    trial.base = Install_base_of(run.program, run.program.CURRENT_GAME);
+    Rules rules(trial, zip, Rules::Looks_at::names);
+    for (int i = 1; i <= zip.FileCount(); ++i)
+        zip.FileSelected(i, rules.may_be_selected(i));
+}
 
 void Decide_entries(Install_Run &run, cUnzip &zip) {
     Rules rules(run, zip);

@@ -87,10 +87,14 @@ void Bring_back_saves(Install_Run &run);
 void Convert_music(Install_Run &run);
 void Repackage_resources(Install_Run &run);
 void Install_skin(Install_Run &run);
+/// A skin that was not there before may be put on at once.
+void Ask_about_skin(Install_Run &run);
 void Sort_out_languages(Install_Run &run);
 
 /// Runs the zip's files through the rules: selects what is to be extracted and fills the plan.
 void Decide_entries(Install_Run &run, cUnzip &zip);
+/// Selects what is to be extracted as far as it can be told while the previous mission is still in place.
+void Preselect_entries(const Install_Run &run, cUnzip &zip);
 /// Thief 1 shows a mission's map from numbered pages and needs page 0 of each: whether this program's own is
 /// to be copied.
 bool Wants_map_pages(const Install_Run &run);

@@ -7,6 +7,7 @@
 #include "core/mdlFormDisplayFunctions.h"
 #include "core/mdlFunctions.h"
 #include "install/Map_Search.h"
+#include "install/T3_Ini.h"
 #include "install/undo/Undo_List.h"
 
 #include <QLocale>
@@ -254,6 +255,10 @@ Play_Result Play_Command(Program &program) {
     const QStringList missing = Missing_scripts(program);
     if (!missing.isEmpty())
         return Refused(program, "Thief 2 is missing " + missing.join(" and "));
+    if (program.CURRENT_GAME == "T3") {
+        RestoreT3Ini(program);
+        ApplyT3Patch(program);
+    }
     Set_Status_Panel(program, 1, "Tools started, now starting game.");
     const Play_Result result = Start_by_game(program);
     Set_Status_Panel(program, 1, result.refusal);

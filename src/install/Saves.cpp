@@ -204,7 +204,7 @@ void Archive_saves(Packing &packing, Save_Packing mode) {
 
 /// A free name below "allsaves\unsaved"; nothing there is ever replaced.
 QString Unsaved_place(const Packing &packing, const QString &relative) {
-    const QString wanted = Join_path(Join_path(packing.layout.backup_folder, "unsaved"), relative);
+    const QString wanted = Join_path(packing.layout.unsaved_folder, relative);
     const qsizetype dot =
         wanted.lastIndexOf('.') > wanted.lastIndexOf('\\') ? wanted.lastIndexOf('.') : wanted.size();
     QString place = wanted;
@@ -258,6 +258,24 @@ void Remove_profile_folders(Packing &packing) {
     }
 }
 
+/// A custom game: a folder two deep goes when no file is left in it.
+void Remove_custom_folders(Packing &packing) {
+    const Program &program = packing.program;
+    const auto folders_of = [&](const QString &folder) {
+        QStringList folders;
+        for (const File_Info &entry : program.files.list_folder(folder).value)
+            if (entry.is_folder && !entry.is_link)
+                folders << Join_path(folder, entry.name);
+        return folders;
+    };
+    for (const QString &outer : folders_of(packing.layout.save_folder))
+        for (const QString &inner : folders_of(outer)) {
+            const auto left = program.files.list_folder(inner);
+            if (left.ok() && left.value.empty())
+                Trace_fault(packing.program, packing.program.files.remove_folder(inner));
+        }
+}
+
 /// System Shock 2: a save is a folder. One that can not go is told, after all the others went.
 void Remove_shock_folders(Packing &packing) {
     bool all_gone = true;
@@ -284,6 +302,8 @@ void Take_saves_away(Packing &packing) {
         Remove_profile_folders(packing);
     if (packing.layout.kind == Save_Kind::shock_folders)
         Remove_shock_folders(packing);
+    if (packing.layout.kind == Save_Kind::listed_files)
+        Remove_custom_folders(packing);
     // Archived, so nothing is lost, but the next mission would see them: the user is told.
     if (!packing.all_gone)
         throw Program_Error(75, "Path/File access error");
@@ -307,16 +327,19 @@ bool Zip_up_saves(Program &program, const QString &game_code, const QString &zip
     }
     Set_Status_Light(program, light_working);
     With_error_box(program, "Zip_up_saves", "Form frmMain", [&] {
-        CreateFolderTree(program, packing.layout.backup_folder);
+        const bool can_archive = !packing.layout.backup_folder.isEmpty();
+        if (can_archive)
+            CreateFolderTree(program, packing.layout.backup_folder);
         Log_packing(packing);
         packing.archive = Join_path(packing.layout.backup_folder, Saves_archive_name(zip_name));
         packing.grows = zip_name == growing_archive;
-        Settle_new_archive(packing);
+        if (can_archive)
+            Settle_new_archive(packing);
         packing.saves = Live_saves(program, packing.layout);
-        if (Has_saves(packing.saves))
-            Archive_saves(packing, mode);
-        else
+        if (!Has_saves(packing.saves))
             packing.saves.clear();
+        else if (can_archive)
+            Archive_saves(packing, mode);
         Take_saves_away(packing);
     });
     Set_Status_Light(program, light_ready);

@@ -158,20 +158,86 @@ bool Is_users_own_folder(const Program &program, const QString &folder) {
                        [&](const char *name) { return FolderExists(program, Join_path(folder, name)); });
 }
 
+constexpr int deepest_custom_folder = 2;
+
+bool Is_custom_save(const Save_Layout &layout, const QString &path) {
+    const QString name = FileNameFromPath(path).toUpper();
+    // An archive of saves is no save, wherever the user keeps them.
+    if (layout.left_alone.contains(name) || Is_below(path, Tidy_path(layout.backup_folder)) ||
+        Is_below(path, layout.unsaved_folder))
+        return false;
+    return std::any_of(layout.extensions.begin(), layout.extensions.end(),
+                       [&](const QString &extension) { return name.endsWith(extension); });
+}
+
+void Add_custom_saves(const Program &program, const Save_Layout &layout, const QString &relative, int depth,
+                      std::vector<Save_File> &saves) {
+    QStringList folders;
+    for (const File_Info &entry : Entries(program, Join_path(layout.save_folder, relative))) {
+        const QString name = relative.isEmpty() ? entry.name : Join_path(relative, entry.name);
+        const QString path = Join_path(layout.save_folder, name);
+        if (!entry.is_folder && Is_custom_save(layout, path))
+            saves.push_back({path, name});
+        else if (entry.is_folder && !entry.is_link && depth < deepest_custom_folder)
+            folders << name;
+    }
+    for (const QString &folder : folders)
+        Add_custom_saves(program, layout, folder, depth + 1, saves);
+}
+
+/// The pieces of a list in the settings, upper case, empty ones left out.
+QStringList Pieces(const QString &list, const QString &separator) {
+    QStringList pieces;
+    for (const QString &piece : list.toUpper().split(separator))
+        if (!piece.trimmed().isEmpty())
+            pieces << piece.trimmed();
+    return pieces;
+}
+
+Save_Layout Custom_layout(const Program &program, const QString &game_path) {
+    Save_Layout layout;
+    const QString backup = Tidy_path(program.custom.backup_saves_path);
+    layout.save_folder = Tidy_path(program.custom.saves_path);
+    layout.kind = layout.save_folder.isEmpty() ? Save_Kind::none : Save_Kind::listed_files;
+    layout.backup_folder = backup.isEmpty() ? QString() : backup + "\\";
+    layout.filter = "*.*";
+    layout.unsaved_folder = Join_path(game_path, "allsaves\\unsaved");
+    for (const QString &extension : Pieces(program.custom.saves_extensions, "**"))
+        layout.extensions << "." + extension;
+    layout.left_alone = Pieces(program.custom.saves_left_alone, ",");
+    return layout;
+}
+
+Save_Layout Built_in_layout(const Program &program, const QString &game_code, const QString &folder) {
+    if (game_code == "T3")
+        return {Save_Kind::profiles,
+                Tidy_path(program.ini.T3_SAVE_GAME_LOCATION),
+                Join_path(Without_system_folder(folder), "allsaves\\"),
+                "*.*",
+                {},
+                {},
+                {}};
+    for (const Layout_Row &row : layout_rows)
+        if (game_code == QLatin1String(row.game))
+            return {row.kind,
+                    Join_path(folder, row.folder),
+                    Join_path(folder, "allsaves\\"),
+                    row.kind == Save_Kind::sav_files ? "*.sav" : "*.*",
+                    {},
+                    {},
+                    {}};
+    return {};
+}
+
 } // namespace
 
 Save_Layout Save_layout_of(const Program &program, const QString &game_code, const QString &game_path) {
-    if (program.SELECTED_GAME_TAB == "CUSTOM" || game_code == "CUSTOM")
-        return {};
     const QString folder = Tidy_path(game_path);
-    if (game_code == "T3")
-        return {Save_Kind::profiles, Tidy_path(program.ini.T3_SAVE_GAME_LOCATION),
-                Join_path(Without_system_folder(folder), "allsaves\\"), "*.*"};
-    for (const Layout_Row &row : layout_rows)
-        if (game_code == QLatin1String(row.game))
-            return {row.kind, Join_path(folder, row.folder), Join_path(folder, "allsaves\\"),
-                    row.kind == Save_Kind::sav_files ? "*.sav" : "*.*"};
-    return {};
+    if (program.SELECTED_GAME_TAB == "CUSTOM" || game_code == "CUSTOM")
+        return Custom_layout(program, folder);
+    Save_Layout layout = Built_in_layout(program, game_code, folder);
+    layout.unsaved_folder = Join_path(layout.backup_folder, "unsaved");
+    return layout;
 }
 
 std::vector<Save_File> Live_saves(const Program &program, const Save_Layout &layout) {
@@ -183,6 +249,11 @@ std::vector<Save_File> Live_saves(const Program &program, const Save_Layout &lay
     case Save_Kind::sav_files:
     case Save_Kind::doom_files:
         return Plain_saves(program, layout);
+    case Save_Kind::listed_files: {
+        std::vector<Save_File> saves;
+        Add_custom_saves(program, layout, {}, 0, saves);
+        return saves;
+    }
     case Save_Kind::none:
         break;
     }
@@ -210,6 +281,8 @@ bool Is_save_path(const Save_Layout &layout, const QString &path) {
         return !is_direct && Is_shock_folder(relative.section('\\', 0, 0));
     case Save_Kind::profiles:
         return true;
+    case Save_Kind::listed_files:
+        return relative.count('\\') <= deepest_custom_folder && Is_custom_save(layout, path);
     case Save_Kind::none:
         break;
     }

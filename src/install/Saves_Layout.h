@@ -15,15 +15,20 @@ enum class Save_Kind {
     shock_folders, ///< "save_0" to "save_14", each whole
     doom_files,    ///< ".save", ".tga" and ".txt" directly in the folder
     profiles,      ///< Thief 3: a folder per profile, in it a folder per save
+    listed_files,  ///< a custom game: the extensions that its settings list, down to two folders deep
     none,          ///< this game's saves are not known
 };
 
 /// Where a game keeps its saves and where their archives lie. Windows paths.
 struct Save_Layout {
     Save_Kind kind = Save_Kind::none;
-    QString save_folder;   ///< no trailing "\"
-    QString backup_folder; ///< ends in "\"; empty when nothing can be archived
-    QString filter;        ///< as the log names it
+    QString save_folder;    ///< no trailing "\"
+    QString backup_folder;  ///< ends in "\"; empty when nothing can be archived
+    QString filter;         ///< as the log names it
+    QString unsaved_folder; ///< for what could not be archived
+    // Of a custom game; upper case.
+    QStringList extensions; ///< each with its dot
+    QStringList left_alone; ///< file names that are no saves
 };
 
 /// One live file that an archive takes.

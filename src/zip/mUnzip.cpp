@@ -30,6 +30,12 @@ bool Was_executable(zip_t *archive, zip_uint64_t index) {
            system == ZIP_OPSYS_UNIX && (attributes & owner_may_start) != 0;
 }
 
+bool Is_method_known(zip_t *archive, zip_uint64_t index) {
+    zip_stat_t stat;
+    return zip_stat_index(archive, index, 0, &stat) == 0 && (stat.valid & ZIP_STAT_COMP_METHOD) != 0 &&
+           zip_compression_method_supported(stat.comp_method, 0) != 0;
+}
+
 /// What one run of `Unzip` needs for each of its files.
 struct Extraction {
     zip_t *archive;
@@ -206,9 +212,16 @@ Fault cUnzip::Check_selected() const {
     }
     if (const Fault fault = Open_archive())
         return fault;
-    for (const Listed_Entry &entry : state_->list.entries)
-        if (entry.selected && !Is_same_entry(state_->archive.get(), entry))
+    for (const Listed_Entry &entry : state_->list.entries) {
+        if (!entry.selected)
+            continue;
+        if (!Is_same_entry(state_->archive.get(), entry))
             return Has_changed(archive);
+        if (!Is_method_known(state_->archive.get(), entry.index))
+            return {Fault_Kind::not_available,
+                    QString("\"%1\" in \"%2\" is packed by a method that Vantrosk does not know.")
+                        .arg(entry.name(), archive)};
+    }
     return {};
 }
 

@@ -49,6 +49,9 @@ public:
     int FileCompressionRatio(int i) const; ///< percent saved, 0 to 100
     QDateTime FileDate(int i) const;
     bool FileIsSafe(int i) const; ///< its whole stored name may be extracted below a folder
+    /// What would keep the selected entries from being unpacked, as far as it can be told without unpacking:
+    /// a name that leaves the folder, encryption, a packing method that is not known. Nothing is written.
+    Fault Check_selected() const;
     bool FileSelected(int i) const;
     void FileSelected(int i, bool selected);
 
@@ -63,7 +66,6 @@ public:
 private:
     struct State;
     Fault Open_archive() const;
-    Fault Check_selected() const;
     Files &files_;
     std::unique_ptr<State> state_;
 };

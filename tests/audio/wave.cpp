@@ -347,5 +347,65 @@ TEST_F(Wave_Conversion, A_full_disk_leaves_the_target_what_it_was) {
     }
 }
 
+/// A piece of tracker music: one pattern of 64 rows, a square wave as its one instrument.
+QByteArray Module() {
+    QByteArray bytes = QByteArray("tune").leftJustified(20, '\0');
+    const auto big = [](int value) {
+        return QByteArray(1, static_cast<char>(value >> 8)) + static_cast<char>(value & 255);
+    };
+    constexpr int words = 512;
+    bytes += QByteArray("square").leftJustified(22, '\0') + big(words) + QByteArray("\0\x40", 2) + big(0) +
+             big(words);
+    for (int i = 1; i < 31; ++i)
+        bytes += QByteArray(22, '\0') + big(0) + QByteArray("\0\0", 2) + big(0) + big(1);
+    bytes += QByteArray("\x01\x7f", 2) + QByteArray(128, '\0') + "M.K.";
+    QByteArray pattern(64 * 4 * 4, '\0');
+    constexpr int middle_c = 428;
+    pattern[0] = static_cast<char>(middle_c >> 8);
+    pattern[1] = static_cast<char>(middle_c & 255);
+    pattern[2] = 0x10;
+    bytes += pattern;
+    for (int i = 0; i < words * 2; ++i)
+        bytes += (i / 16) % 2 ? '\x60' : '\xa0';
+    return bytes;
+}
+
+TEST_F(Wave_Conversion, Tracker_music_becomes_stereo_at_the_rate_of_its_name) {
+    world.write("tune.ogg", Module());
+    world.write("tune.mp3", Module());
+    for (const auto &[name, rate] : {std::pair{"tune.ogg", 44100}, std::pair{"tune.mp3", 22050}}) {
+        ASSERT_FALSE(convert(name, "tune.wav"));
+        const Wave wave = read_wave("tune.wav");
+        EXPECT_EQ(wave.channels, 2);
+        EXPECT_EQ(wave.rate, rate);
+        EXPECT_EQ(wave.bits, 16);
+        // 64 rows of 6 ticks at 50 ticks a second.
+        EXPECT_NEAR(wave.seconds(), 7.68, 0.05);
+        // Period 428 plays 8287 samples a second; a wave of the instrument has 32.
+        EXPECT_NEAR(wave.frequency(0), 259, 3);
+        EXPECT_GT(wave.loudest(), 0.1);
+    }
+}
+
+TEST_F(Wave_Conversion, Progress_goes_up_to_the_length) {
+    world.write("tune.ogg", Module());
+    qint64 last = 0, expected = 0;
+    ASSERT_FALSE(convert("tune.ogg", "tune.wav", [&](qint64 done, qint64 total) {
+        EXPECT_GT(done, last);
+        EXPECT_LE(done, total);
+        last = done;
+        expected = total;
+        return true;
+    }));
+    EXPECT_EQ(last, world.read("tune.wav").size() - 44);
+    EXPECT_NEAR(double(last), double(expected), 44100.0);
+}
+
+TEST_F(Wave_Conversion, A_module_that_is_cut_off_in_its_head_is_no_sound) {
+    world.write("tune.mp3", Module().left(900));
+    EXPECT_EQ(convert("tune.mp3", "tune.wav").kind, Fault_Kind::damaged);
+    EXPECT_FALSE(world.exists("tune.wav"));
+}
+
 } // namespace
 } // namespace vantrosk

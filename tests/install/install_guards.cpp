@@ -176,5 +176,58 @@ TEST(Install_Guards, The_log_of_another_games_unfinished_run_is_kept_and_shown_a
     EXPECT_TRUE(world.finished_log().contains("[REPACKAGE_IBT]"));
 }
 
+/// Changes a field of two bytes in both headers of the entry with that name.
+void Change_entry(const World &world, const QString &zip, const QByteArray &name, int local_offset,
+                  char value) {
+    QByteArray bytes = world.read(zip);
+    for (qsizetype at = bytes.indexOf(name); at >= 0; at = bytes.indexOf(name, at + 1)) {
+        const bool is_local = bytes.mid(at - 30, 4) == "PK\3\4";
+        bytes[is_local ? at - 30 + local_offset : at - 46 + local_offset + 2] = value;
+    }
+    QFile file(world.native(zip));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+constexpr int flags_field = 6, method_field = 8;
+
+TEST(Install_Guards, A_zip_with_an_encrypted_file_is_refused_and_the_mission_in_place_stays) {
+    Install_World world;
+    world.mission("m.zip", some_mission);
+    ASSERT_TRUE(world.install("m.zip"));
+    world.mission("locked.zip", {{"a.mis", "x"}, {"script.osm", "x"}, {"c.str", "y"}});
+    for (const char *name : {"script.osm", "c.str"}) {
+        world.zip("fms/T2/locked.zip", {{"a.mis", "x"}, {"script.osm", "x"}, {"c.str", "y"}});
+        Change_entry(world, "fms/T2/locked.zip", name, flags_field, 1);
+        Expect_refused(world, "locked.zip", Box_Kind::warning,
+                       "WARNING: Vantrosk can not install your FM " + world.windows("fms/T2") +
+                           "\\locked.zip.\r\n\"" + name +
+                           "\" in \"locked.zip\" is encrypted.\r\nNO install has taken place");
+        EXPECT_EQ(world.ready_cell("m.zip"), "Yes");
+    }
+    EXPECT_EQ(world.game_file("a.mis"), "x");
+    EXPECT_FALSE(world.exists("home/install_recover.log"));
+}
+
+TEST(Install_Guards, A_zip_with_an_unknown_packing_method_is_refused) {
+    Install_World world;
+    world.mission("odd.zip", {{"a.mis", "x"}, {"c.str", "y"}});
+    Change_entry(world, "fms/T2/odd.zip", "c.str", method_field, 6);
+    Expect_refused(world, "odd.zip", Box_Kind::warning,
+                   "WARNING: Vantrosk can not install your FM " + world.windows("fms/T2") +
+                       "\\odd.zip.\r\n\"c.str\" in \"odd.zip\" is packed by a method that Vantrosk does not "
+                       "know.\r\nNO install has taken place");
+}
+
+TEST(Install_Guards, An_encrypted_file_that_is_not_to_be_extracted_does_not_matter) {
+    for (const char *name : {"setup.exe", "read me", "a[1].osm", "current_install.txt"}) {
+        Install_World world;
+        world.mission("m.zip", {{"a.mis", "x"}, {name, "secret"}});
+        Change_entry(world, "fms/T2/m.zip", name, flags_field, 1);
+        EXPECT_TRUE(world.install("m.zip")) << name;
+        EXPECT_EQ(world.listed().size(), 1) << name;
+    }
+}
+
 } // namespace
 } // namespace vantrosk

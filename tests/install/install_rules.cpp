@@ -160,6 +160,45 @@ TEST(Install_Rules_More, A_skin_goes_to_the_skins_folder_once_and_is_not_listed)
     EXPECT_TRUE(world.ui.boxes.empty());
 }
 
+/// A skin package as a mission brings it.
+QByteArray Skin_package(const World &world, const std::vector<Zip_Entry> &entries) {
+    Make_zip(world.native("skin_of_the_mission.zip"), entries);
+    return world.read("skin_of_the_mission.zip");
+}
+
+TEST(Install_Rules_More, A_skin_that_is_wanted_is_put_on_at_once) {
+    Install_World world;
+    world.write("home/skins/current/older.gif", "of the last skin");
+    world.mission("m.zip",
+                  {{"a.mis", "x"},
+                   {"VKSKIN.ZIP", Skin_package(world, {{"skininfo.ini", "[SKININFO]\r\nName=Night\r\n"},
+                                                       {"pics/glyph.gif", "a picture"},
+                                                       {"evil.EXE", "x"},
+                                                       {"page.htm", "x"}})}});
+    int applied = 0;
+    Set_Later_Step(world.program(), Later_Step::apply_skin, [&] { ++applied; });
+    world.ui.answers = {Answer::yes};
+    ASSERT_TRUE(world.install("m.zip"));
+    EXPECT_EQ(world.snapshot("home/skins/current"),
+              (Snapshot{{"glyph.gif", "a picture"}, {"skininfo.ini", "[SKININFO]\r\nName=Night\r\n"}}));
+    EXPECT_EQ(world.program().tweaks.VK_SCHEME, "Night");
+    EXPECT_TRUE(world.read("home/Vantrosk_Tweaks.ini").contains("Night"));
+    EXPECT_EQ(applied, 1);
+}
+
+TEST(Install_Rules_More, A_skin_that_is_not_wanted_or_is_none_leaves_the_one_in_use) {
+    for (const Answer answer : {Answer::no, Answer::yes}) {
+        Install_World world;
+        world.write("home/skins/current/older.gif", "of the last skin");
+        const QByteArray skin = Skin_package(world, {{"other.ini", "[SKININFO]\r\nName=Night\r\n"}});
+        world.mission("m.zip", {{"a.mis", "x"}, {"VKSKIN.ZIP", skin}});
+        world.ui.answers = {answer};
+        ASSERT_TRUE(world.install("m.zip"));
+        EXPECT_EQ(Names(world.snapshot("home/skins/current")), QStringList{"older.gif"});
+        EXPECT_EQ(world.read("home/skins/M_SKIN.ZIP"), skin);
+    }
+}
+
 TEST(Install_Rules_More, The_programs_own_files_are_never_replaced_by_a_mission) {
     Install_World world;
     world.game_has("sub/current_install.txt", "elsewhere it is any file");

@@ -1,0 +1,344 @@
+// Stops installs of a mission of 400 files at many moments and by many means, puts the original missions back
+// and counts what is missing. bench_faults [FOLDER [SHARE]]: works below FOLDER; SHARE 2 tries every second
+// moment.
+
+#include "Child.h"
+#include "Fault_World.h"
+
+#include "platform/linux/Linux_Platform.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTextStream>
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+namespace {
+
+using namespace faults;
+
+constexpr unsigned moments_seed = 1119;
+constexpr int random_moments = 200;
+
+QTextStream out(stdout);
+
+/// One line of the table.
+struct Row {
+    QString what;
+    int tried = 0, cut = 0, shown = 0, recovered = 0;
+    Loss loss{};
+    QString first_failure{};
+};
+
+class Harness {
+public:
+    Harness(Fault_World &world, int share, bool own_disk)
+        : world_(world), share_(share), own_disk_(own_disk) {}
+
+    void run() {
+        measure();
+        kills_at_log_lines("install", install_b_);
+        kills_at_log_lines("restore", restore_);
+        kills_at_random("install", install_b_, random_moments);
+        kills_at_random("restore", restore_, random_moments / 4);
+        two_kills();
+        full_disk();
+        file_limits();
+        read_only();
+        folder_in_the_way();
+        wrong_checksum();
+        vanishing_zip();
+        print();
+    }
+    bool failed() const {
+        return std::any_of(rows_.begin(), rows_.end(),
+                           [](const Row &row) { return row.recovered != row.tried; });
+    }
+
+private:
+    /// How long the work takes and how often it writes its log.
+    void measure() {
+        for (auto *work : {&install_b_, &restore_}) {
+            world_.rewind();
+            const Child_End end = Run_child(world_, *work);
+            lengths_[work] = end.microseconds;
+            lines_[work] = end.log_lines;
+            if (end.exit_code != 0)
+                out << "an undisturbed run fails: " << end.errors << Qt::endl;
+        }
+    }
+
+    int random(int from, int to) { return std::uniform_int_distribution(from, to)(random_); }
+
+    /// Restores and counts. A log that lies there must be shown at the start.
+    void settle(Row &row, const Child_End &cut, const QString &moment) {
+        ++row.tried;
+        row.cut += cut.killed || cut.exit_code != 0 ? 1 : 0;
+        const bool has_log = world_.has_log();
+        const Child_End back = Run_child(world_, restore_);
+        row.shown += has_log && back.log_shown ? 1 : 0;
+        const Loss loss = world_.loss();
+        const bool good =
+            back.exit_code == 0 && !loss.any() && has_log == back.log_shown && !world_.has_log();
+        row.recovered += good ? 1 : 0;
+        row.loss.files += loss.files;
+        row.loss.bytes += loss.bytes;
+        if (!good && row.first_failure.isEmpty())
+            row.first_failure = QString("%1: %2 files, first \"%3\", restore ended with %4, %5")
+                                    .arg(moment)
+                                    .arg(loss.files)
+                                    .arg(loss.first)
+                                    .arg(back.exit_code)
+                                    .arg(back.errors.simplified());
+    }
+
+    void done(const Row &row) {
+        rows_.push_back(row);
+        out << row.what << ": " << row.recovered << " of " << row.tried << Qt::endl;
+        if (!row.first_failure.isEmpty())
+            out << "    " << row.first_failure << Qt::endl;
+    }
+
+    void kills_at_log_lines(const char *name, const QStringList &work) {
+        Row row{QString("killed at each log line of an %1").arg(name)};
+        for (int line = 0; line < lines_.at(&work); line += share_) {
+            world_.rewind();
+            Child_Fault fault;
+            fault.dies_at_line = line;
+            settle(row, Run_child(world_, work, fault), QString("line %1").arg(line));
+        }
+        done(row);
+    }
+
+    /// Kills a child at some moment of its work.
+    Child_End killed_at_random(const QStringList &work, int &moment) {
+        moment = random(0, int(lengths_.at(&work)));
+        return Run_child(world_, work, {}, [&](int child) {
+            ::usleep(useconds_t(moment));
+            ::kill(child, SIGKILL);
+        });
+    }
+
+    void kills_at_random(const char *name, const QStringList &work, int count) {
+        Row row{QString("killed at random moments of an %1").arg(name)};
+        for (int i = 0; i < count; i += share_) {
+            world_.rewind();
+            int moment = 0;
+            const Child_End cut = killed_at_random(work, moment);
+            settle(row, cut, QString("%1 us").arg(moment));
+        }
+        done(row);
+    }
+
+    void two_kills() {
+        Row row{"killed at random, then the restore too"};
+        for (int i = 0; i < random_moments / 4; i += share_) {
+            world_.rewind();
+            int first = 0, second = 0;
+            killed_at_random(install_b_, first);
+            const Child_End cut = killed_at_random(restore_, second);
+            settle(row, cut, QString("%1 and %2 us").arg(first).arg(second));
+        }
+        done(row);
+    }
+
+    /// Another program fills the disk at some moment; it is emptied before the restore.
+    void full_disk() {
+        Row row{"the disk is full at a random moment"};
+        if (!own_disk_) {
+            row.what += " (not tried: no right to mount one)";
+            return done(row);
+        }
+        const QString filler = world_.root() + "/../filler";
+        for (int i = 0; i < 60; i += share_) {
+            world_.rewind();
+            const int moment = random(0, int(lengths_.at(&install_b_)));
+            const int left = random(0, 3) == 0 ? random(0, 200000) : 0;
+            const Child_End cut = Run_child(world_, install_b_, {}, [&](int) {
+                ::usleep(useconds_t(moment));
+                fill(filler, left);
+            });
+            QFile::remove(filler);
+            settle(row, cut, QString("%1 us, %2 bytes left").arg(moment).arg(left));
+        }
+        done(row);
+    }
+
+    static void fill(const QString &path, int left) {
+        const QByteArray name = QFile::encodeName(path);
+        const int file = ::open(name.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+        struct statvfs disk {};
+        if (file < 0 || ::fstatvfs(file, &disk) != 0)
+            return;
+        const off_t room = off_t(disk.f_bavail * disk.f_bsize) - left;
+        // The disk changes meanwhile: what is too much is taken down page by page.
+        for (off_t size = room; size > 0 && ::posix_fallocate(file, 0, size) != 0;)
+            size -= 4096;
+        ::close(file);
+    }
+
+    void file_limits() {
+        Row row{"no file may grow beyond a limit"};
+        for (int i = 0; i < 60; i += share_) {
+            world_.rewind();
+            Child_Fault fault;
+            fault.file_limit = qint64(std::exp2(4 + i * 17.0 / 60));
+            settle(row, Run_child(world_, install_b_, fault), QString("%1 bytes").arg(*fault.file_limit));
+        }
+        done(row);
+    }
+
+    void give_to_nobody() {
+        constexpr uid_t nobody = 65534;
+        for (const auto &each : std::filesystem::recursive_directory_iterator(world_.root().toStdString()))
+            (void)!::lchown(each.path().c_str(), nobody, nobody);
+        (void)!::lchown(QFile::encodeName(world_.root()).constData(), nobody, nobody);
+    }
+
+    /// Files and folders without the right to write; the install runs without the administrator's rights.
+    void read_only() {
+        Row row{"read-only files and folders in the way"};
+        if (::getuid() != 0) {
+            row.what += " (not tried: needs another user)";
+            return done(row);
+        }
+        namespace fs = std::filesystem;
+        const QStringList names = world_.overwritten();
+        for (int i = 0; i < 20; i += share_) {
+            world_.rewind();
+            give_to_nobody();
+            const QString file = world_.game() + "/" + names[random(0, int(names.size()) - 1)];
+            const QString folder = file.left(file.lastIndexOf('/'));
+            const bool is_folder = i % 2 == 1;
+            const fs::path protected_one = (is_folder ? folder : file).toStdString();
+            const auto bits = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+            fs::permissions(protected_one, bits, fs::perm_options::remove);
+            Child_Fault fault;
+            fault.as_nobody = true;
+            const Child_End cut = Run_child(world_, install_b_, fault);
+            fs::permissions(protected_one, fs::perms::owner_write, fs::perm_options::add);
+            settle(row, cut, file);
+        }
+        done(row);
+    }
+
+    void folder_in_the_way() {
+        Row row{"a folder in the place of a file"};
+        for (int i = 0; i < 20; i += share_) {
+            world_.rewind();
+            const QString place =
+                QString("%1/books/b%2/new%3.pcx").arg(world_.game()).arg(i * 7 % 5).arg(i * 7);
+            QDir().mkpath(place);
+            const Child_End cut = Run_child(world_, install_b_);
+            const bool stands = QDir(place).exists();
+            settle(row, cut, place);
+            if (!stands)
+                row.loss.add(place, 0);
+        }
+        done(row);
+    }
+
+    /// Somewhere in the archive a byte is another.
+    void wrong_checksum() {
+        Row row{"a damaged zip"};
+        for (int i = 0; i < 40; i += share_) {
+            world_.rewind();
+            QFile zip(world_.zips() + "/b.zip");
+            if (!zip.open(QIODevice::ReadWrite))
+                continue;
+            const int at = random(0, int(zip.size()) - 1);
+            zip.seek(at);
+            const char byte = zip.read(1)[0];
+            zip.seek(at);
+            zip.putChar(char(byte ^ 0x55));
+            zip.close();
+            settle(row, Run_child(world_, install_b_), QString("byte %1").arg(at));
+        }
+        done(row);
+    }
+
+    void vanishing_zip() {
+        Row row{"the zip is removed or cut at a random moment"};
+        for (int i = 0; i < 40; i += share_) {
+            world_.rewind();
+            const int moment = random(0, int(lengths_.at(&install_b_)));
+            const QByteArray zip = QFile::encodeName(world_.zips() + "/b.zip");
+            const Child_End cut = Run_child(world_, install_b_, {}, [&](int) {
+                ::usleep(useconds_t(moment));
+                (void)!(i % 2 ? ::truncate(zip.constData(), 100000) : ::unlink(zip.constData()));
+            });
+            settle(row, cut, QString("%1 us").arg(moment));
+        }
+        done(row);
+    }
+
+    void print() {
+        out << Qt::endl
+            << "| what | moments | runs cut short | log shown | states recovered | bytes lost |" << Qt::endl
+            << "|---|---|---|---|---|---|" << Qt::endl;
+        for (const Row &row : rows_)
+            out << "| " << row.what << " | " << row.tried << " | " << row.cut << " | " << row.shown << " | "
+                << row.recovered << " | " << row.loss.bytes << " |" << Qt::endl;
+    }
+
+    Fault_World &world_;
+    const int share_;
+    const bool own_disk_;
+    const QStringList install_b_{"install", "T2", "b.zip"};
+    const QStringList restore_{"restore", "T2"};
+    std::map<const QStringList *, qint64> lengths_;
+    std::map<const QStringList *, int> lines_;
+    std::mt19937 random_{moments_seed};
+    std::vector<Row> rows_;
+};
+
+/// A small disk in memory that this process alone sees, and that goes with it.
+bool Mount_disk(const QString &folder) {
+    return ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           ::mount("none", QFile::encodeName(folder).constData(), "tmpfs", 0, "size=64m,mode=777") == 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    vantrosk::Prepare_linux_process();
+    const QCoreApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments();
+    const QString folder = words.value(1, QDir::tempPath() + "/vantrosk_faults");
+    QDir(folder).removeRecursively();
+    QDir().mkpath(folder);
+    const bool own_disk = Mount_disk(folder);
+    Fault_World world(folder);
+    const auto must = [&](const QStringList &command) {
+        const Child_End end = Run_child(world, command);
+        if (end.exit_code == 0)
+            return;
+        out << command.join(' ') << " failed: " << end.errors << Qt::endl;
+        std::exit(2);
+    };
+    QDir().mkpath(world.home());
+    must({"settings", "set", "T2GAME", world.game()});
+    must({"settings", "set", "T2", world.zips()});
+    must({"settings", "set", "LANGUAGE", "english"});
+    world.make([&](const char *zip) {
+        must({"scan", "T2"});
+        must({"install", "T2", zip});
+    });
+    Harness harness(world, qMax(1, words.value(2, "1").toInt()), own_disk);
+    harness.run();
+    if (!own_disk)
+        QDir(folder).removeRecursively();
+    return harness.failed() ? 1 : 0;
+}
