@@ -2,9 +2,10 @@
 #include "core/Startup_Steps.h"
 #include "core/mdlFile_Functions.h"
 
+#include <QDirIterator>
 #include <QFile>
 
-/// The pages lie in the executable, so that a start from any place has them.
+/// The pages and their pictures lie in the executable, so that a start from any place has them.
 static void Register_shipped_pages() {
     Q_INIT_RESOURCE(shipped_pages);
 }
@@ -13,25 +14,28 @@ namespace vantrosk {
 
 namespace {
 
-constexpr const char *shipped_pages[] = {"Version_Notes.htm", "Vantrosk_welcome.htm"};
+const QString shipped = QStringLiteral(":/shipped/");
 
-void Lay_out_page(Program &program, const QString &name) {
+/// What is there already may be the user's own.
+void Lay_out_file(Program &program, const QString &resource) {
+    const QString name = resource.mid(shipped.size()).replace(QLatin1Char('/'), QLatin1Char('\\'));
     const QString place = program.paths.AppPath + "\\" + name;
     if (FileExists(program, place))
         return;
-    QFile page(":/shipped/" + name);
-    if (!page.open(QIODevice::ReadOnly))
-        return debug_print(program, "STARTUP: page does not come with this program: " + name);
-    if (const Fault fault = program.files.write_file(place, page.readAll()))
-        debug_print(program, "STARTUP: page not laid out: " + fault.text);
+    QFile file(resource);
+    if (!file.open(QIODevice::ReadOnly))
+        return debug_print(program, "STARTUP: file does not come with this program: " + name);
+    if (const Fault fault = program.files.write_file(place, file.readAll()))
+        debug_print(program, "STARTUP: file not laid out: " + fault.text);
 }
 
 } // namespace
 
 void Lay_Out_Shipped_Pages(Program &program) {
     Register_shipped_pages();
-    for (const char *name : shipped_pages)
-        Lay_out_page(program, name);
+    QDirIterator files(shipped, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        Lay_out_file(program, files.next());
 }
 
 } // namespace vantrosk

@@ -13,7 +13,7 @@ bool Hand_Over_To_Patch(Program &program);
 
 void Set_Server_Base_Url(Program &program);
 void Set_Review_Feed_Url(Program &program);
-/// The pages that come with the program, where they are missing.
+/// The pages that come with the program and the pictures of its pages, where they are missing.
 void Lay_Out_Shipped_Pages(Program &program);
 void Cull_Temp_Files(Program &program);
 void Fill_Categories(Program &program);

@@ -199,6 +199,25 @@ TEST_F(Start_Data, The_pages_that_ship_are_laid_out_where_they_are_missing) {
     EXPECT_EQ(world.read("home/Vantrosk_welcome.htm"), "my own");
 }
 
+TEST_F(Start_Data, The_pictures_of_the_pages_are_laid_out_and_a_changed_one_stays) {
+    ASSERT_TRUE(Start_Program(program()));
+    QStringList pictures{"HTMLImages/compass.gif", "HTMLImages/forum.gif", "HTMLImages/loot_list_link.gif",
+                         "HTMLImages/triangle_red.gif"};
+    for (int score = 0; score <= 10; ++score)
+        pictures << "HTMLImages/vk" + QString::number(score) + ".gif";
+    pictures.sort();
+    QStringList found = Names(world.snapshot("home")).filter("HTMLImages/");
+    found.removeAll("HTMLImages/");
+    found.sort();
+    EXPECT_EQ(found, pictures);
+    for (const QString &picture : pictures)
+        EXPECT_TRUE(world.read("home/" + picture).startsWith("GIF89a")) << picture.toStdString();
+    world.write("home/HTMLImages/vk7.gif", "mine");
+    start.renew();
+    ASSERT_TRUE(Start_Program(program()));
+    EXPECT_EQ(world.read("home/HTMLImages/vk7.gif"), "mine");
+}
+
 TEST_F(Start_Data, The_pages_that_ship_reach_for_nothing_outside) {
     ASSERT_TRUE(Start_Program(program()));
     for (const char *page : {"home/Version_Notes.htm", "home/Vantrosk_welcome.htm"}) {
