@@ -1,6 +1,7 @@
 #include "Details_Panel_View.h"
 
 #include "Elided_Label.h"
+#include "Finished_Panel.h"
 #include "Flow_Layout.h"
 #include "Mission_Picture.h"
 
@@ -147,6 +148,14 @@ QWidget *Details_Panel_View::Make_buttons() {
         button->setIconSize({button_icon, button_icon});
         row->addWidget(button, 1);
     }
+    reset_ = new QPushButton(QStringLiteral("R&eset"));
+    reset_->setObjectName(QStringLiteral("reset"));
+    reset_->setProperty("kind", QStringLiteral("tall"));
+    reset_->setAccessibleName(QStringLiteral("Reset"));
+    reset_->setToolTip(QStringLiteral("Forgets what is stored of this mission, your score and review "
+                                      "included; the zip stays (Ctrl+Shift+R)"));
+    row->addWidget(reset_);
+    connect(reset_, &QPushButton::clicked, this, &Details_Panel_View::Reset_pressed);
     play_->setIcon(Line_icon(QStringLiteral("play"), theme_.on_quickbar, QColor(ink::text_faint)));
     connect(play_, &QPushButton::clicked, this, &Details_Panel_View::Play_pressed);
     connect(install_, &QPushButton::clicked, this, &Details_Panel_View::Install_pressed);
@@ -161,6 +170,11 @@ QWidget *Details_Panel_View::Make_facts() {
     column->setSpacing(margin);
     facts_form_ = Make_form(4);
     facts_form_->setProperty("caption_width", fact_caption_width);
+    small_finished_ = new Finished_Panel(program_, Finished_Panel::Set::letters, nullptr);
+    auto *finished = new QLabel(QStringLiteral("Finished"));
+    finished->setProperty("kind", QStringLiteral("caption"));
+    finished->setFixedWidth(fact_caption_width);
+    facts_form_->addRow(finished, small_finished_);
     archive_ = Add_field(facts_form_, QStringLiteral("Archive"), QStringLiteral("details_archive"));
     unpacked_ = Add_field(facts_form_, QStringLiteral("Unpacked"), QStringLiteral("details_unpacked"));
     last_played_ =
@@ -231,6 +245,7 @@ void Details_Panel_View::Refresh_buttons() {
     const bool original = Is_original(program_);
     play_->setEnabled(has_mission && details.play_enabled);
     install_->setEnabled(has_mission && details.install_enabled);
+    reset_->setEnabled(has_mission && details.reset_enabled);
     play_->setToolTip(play_->isEnabled() ? QStringLiteral("Starts the game (Ctrl+P)")
                                          : QStringLiteral("Starts the game, once the mission is installed"));
     install_->setText(details.shows_installed ? QStringLiteral("&Installed") : QStringLiteral("&Install"));
@@ -261,6 +276,8 @@ void Details_Panel_View::Refresh_facts() {
         value->Set_text(text);
         facts_form_->setRowVisible(value, !text.isEmpty());
     }
+    facts_form_->setRowVisible(small_finished_, details.record_shown);
+    small_finished_->Refresh();
     community_->setToolTip(details.group_tip);
     for (size_t i = 0; i < chips_.size(); ++i) {
         chips_[i]->setVisible(!original);

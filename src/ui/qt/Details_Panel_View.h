@@ -15,6 +15,7 @@ namespace vantrosk {
 
 struct Program;
 class Elided_Label;
+class Finished_Panel;
 class Mission_Picture;
 
 /// What one does with the selected mission: what it is, Play and Install, facts, what it brings.
@@ -27,6 +28,8 @@ public:
     void Refresh();
     QPushButton *play() const { return play_; }
     QPushButton *install() const { return install_; }
+    QPushButton *reset() const { return reset_; }
+    Finished_Panel *small_finished() const { return small_finished_; }
     /// The one to press next: Play once the mission is installed, else Install.
     QPushButton *next_step() const;
     QString shown_text(const QString &object_name) const;
@@ -35,6 +38,7 @@ public:
 Q_SIGNALS:
     void Play_pressed();
     void Install_pressed();
+    void Reset_pressed();
 
 private:
     QWidget *Make_head();
@@ -50,7 +54,8 @@ private:
     QStackedWidget *stack_;
     Mission_Picture *picture_;
     Elided_Label *name_, *author_, *game_, *languages_;
-    QPushButton *play_, *install_;
+    QPushButton *play_, *install_, *reset_;
+    Finished_Panel *small_finished_;
     Elided_Label *archive_, *unpacked_, *last_played_, *saves_, *community_;
     QFormLayout *head_form_, *facts_form_;
     std::vector<QLabel *> chips_;

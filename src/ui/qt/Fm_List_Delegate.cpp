@@ -50,14 +50,18 @@ void Fm_List_Delegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const QRect cell = option.rect;
     painter->save();
     painter->setClipRect(cell);
-    painter->fillRect(cell, QColor(Ground_of(index, selected)));
+    const QVariant author_colour = index.data(fm_role_author_colour);
+    const QColor ground =
+        author_colour.isValid() ? author_colour.value<QColor>() : QColor(Ground_of(index, selected));
+    painter->fillRect(cell, ground);
     Paint_lines(painter, cell, original);
 
     QFont font = option.font;
     if (original || (index.column() == col_ready))
         font.setWeight(QFont::DemiBold);
     painter->setFont(font);
-    painter->setPen(QColor(selected ? ink::text_selected : ink::text));
+    painter->setPen(author_colour.isValid() ? Text_colour_on(ground)
+                                            : QColor(selected ? ink::text_selected : ink::text));
 
     const QString text = index.data(Qt::DisplayRole).toString();
     const QVariant score = index.data(fm_role_score);

@@ -1,6 +1,9 @@
 #include "Fm_List_Model.h"
 
+#include "Theme.h"
+
 #include "core/Program.h"
+#include "library/Author_Colours.h"
 #include "library/Fm_List_View.h"
 
 #include <QFont>
@@ -22,6 +25,12 @@ QVariant Score_of(const Fm_Row &row, int column) {
     if (!is_number || score <= 0)
         return {};
     return std::min<double>(score, most_score);
+}
+
+QVariant Colour_behind_author(const Program &program, const Fm_Row &row) {
+    const QString number = Author_Colour_Of(program, row);
+    const QColor colour = number.isEmpty() ? QColor() : Colour_of_number(number, QColor());
+    return colour.isValid() ? QVariant(colour) : QVariant();
 }
 
 /// What a screen reader says of a cell whose meaning is in a picture.
@@ -84,6 +93,8 @@ QVariant Fm_List_Model::data(const QModelIndex &index, int role) const {
         return index.column() == col_game ? row->game_icon : QString();
     case fm_role_odd:
         return (index.row() - program_.screen.list.original_rows) % 2 != 0;
+    case fm_role_author_colour:
+        return index.column() == col_author ? Colour_behind_author(program_, *row) : QVariant();
     default:
         return {};
     }

@@ -14,6 +14,7 @@ enum Fm_Role {
     fm_role_score,                   ///< 0 to 10; nothing where no score is shown
     fm_role_game,                    ///< game code of the badge
     fm_role_odd,                     ///< the row's background is the second one
+    fm_role_author_colour,           ///< colour behind the author's name; nothing for most
 };
 
 /// The FM list of the screen as a table. It keeps no copy: cells are read when they are painted.

@@ -1,5 +1,6 @@
 #include "Fm_List_Panel.h"
 
+#include "Filter_Strip.h"
 #include "Fm_List_Delegate.h"
 #include "Fm_List_Model.h"
 #include "Fm_Table.h"
@@ -7,6 +8,7 @@
 #include "core/Games.h"
 #include "core/Program.h"
 #include "core/Window_State.h"
+#include "library/Fm_List_View.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -53,7 +55,8 @@ constexpr int narrowest_column = 16;
 
 Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *parent)
     : QWidget(parent), program_(program), model_(new Fm_List_Model(program, this)),
-      find_(new Fm_List_Find(program, this)), table_(new Fm_Table(this)), widths_(column_count, 0) {
+      find_(new Fm_List_Find(program, this)), table_(new Fm_Table(this)),
+      filter_strip_(new Filter_Strip(program, this)), widths_(column_count, 0) {
     setObjectName(QStringLiteral("fm_list_panel"));
     find_->setSourceModel(model_);
     table_->setModel(find_);
@@ -65,6 +68,8 @@ Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *pare
                        "to Play or Install"));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(filter_strip_);
     column->addWidget(table_);
 
     empty_ = new QWidget(table_->viewport());
@@ -88,7 +93,10 @@ Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *pare
     choice_timer_.setSingleShot(true);
     connect(&choice_timer_, &QTimer::timeout, this, &Fm_List_Panel::Send_choice);
     connect(table_, &Fm_Table::Letter_typed, this, &Fm_List_Panel::Letter_typed);
-    connect(table_, &Fm_Table::Enter_pressed, this, &Fm_List_Panel::Next_step_wanted);
+    connect(table_, &Fm_Table::Enter_pressed, this, &Fm_List_Panel::Enter_row);
+    connect(table_, &Fm_Table::Wheel_turned, this, &Fm_List_Panel::Turn_wheel);
+    connect(table_, &Fm_Table::Menu_wanted, this, &Fm_List_Panel::Show_menu);
+    connect(filter_strip_, &Filter_Strip::All_wanted, this, &Fm_List_Panel::All_wanted);
     connect(table_, &Fm_Table::Resized, this, &Fm_List_Panel::Fit_columns);
     connect(table_, &QTableView::clicked, this, [this] { Choose_current(0); });
     connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this, &Fm_List_Panel::Heading_chosen);
@@ -98,7 +106,7 @@ Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *pare
             [this](const QModelIndex &current) { Follow_current(current); });
     connect(table_->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
         if (!following_)
-            program_.screen.list.top_row = table_->Top_row();
+            Note_top_row();
     });
     connect(empty_button_, &QPushButton::clicked, this, &Fm_List_Panel::Mission_folder_wanted);
     table_->viewport()->installEventFilter(this);
@@ -116,6 +124,7 @@ void Fm_List_Panel::Refresh() {
     const QScopedValueRollback following(following_, true);
     model_->Refresh();
     table_->Set_frozen_rows(std::min(program_.screen.list.original_rows, model_->rowCount()));
+    filter_strip_->Refresh();
     Refresh_current_row();
     Refresh_empty_state();
     Q_EMIT Shown_changed();
@@ -131,6 +140,7 @@ QModelIndex Fm_List_Panel::Shown_index(int row, int column) const {
 
 void Fm_List_Panel::Refresh_current_row() {
     const QScopedValueRollback following(following_, true);
+    Show_top_row();
     const Fm_List &list = program_.screen.list;
     const int column = std::max<int>(col_name, list.selected_column);
     const QModelIndex current = Shown_index(list.current_row, column);
@@ -144,12 +154,50 @@ void Fm_List_Panel::Refresh_current_row() {
                                                            QItemSelectionModel::Rows);
     table_->setAutoScroll(true);
     if (!table_->Row_is_visible(current.row())) {
-        const QModelIndex top = Shown_index(std::max(0, list.top_row), column);
-        if (top.isValid())
-            table_->Set_top_row(top.row());
-        table_->scrollTo(current);
+        table_->Set_top_row(current.row() - 1);
+        Note_top_row();
     }
     table_->viewport()->update();
+}
+
+void Fm_List_Panel::Note_top_row() {
+    const QModelIndex top = find_->mapToSource(find_->index(table_->Top_row(), col_name));
+    program_.screen.list.top_row = std::max(0, top.row());
+}
+
+/// The list stands where the procedures or the user left it.
+void Fm_List_Panel::Show_top_row() {
+    const QModelIndex top = Shown_index(std::max(0, program_.screen.list.top_row), col_name);
+    if (top.isValid() && top.row() != table_->Top_row())
+        table_->Set_top_row(top.row());
+}
+
+void Fm_List_Panel::Turn_wheel(int delta) {
+    table_->Set_top_row(MouseWheel(table_->Top_row(), delta, table_->viewport()->height(),
+                                   Fm_Table::row_height, table_->frozen_rows(), find_->rowCount()));
+}
+
+bool Fm_List_Panel::Is_selected(const QModelIndex &shown) const {
+    const int row = find_->mapToSource(shown).row();
+    const auto &rows = program_.screen.list.rows;
+    return row >= 0 && row < static_cast<int>(rows.size()) && !program_.screen.no_mission_selected &&
+           rows[static_cast<size_t>(row)].cells[col_zip] == program_.FM_PANEL;
+}
+
+/// A row that letters or the program brought up is selected first; Play and Install are for that one.
+void Fm_List_Panel::Enter_row() {
+    if (Is_selected(table_->currentIndex()))
+        Q_EMIT Next_step_wanted();
+    else
+        Choose_current(0);
+}
+
+/// What the menu offers is for the row that it stands on.
+void Fm_List_Panel::Show_menu(const QPoint &at_global) {
+    choice_timer_.stop();
+    if (!Is_selected(table_->currentIndex()))
+        Send_choice();
+    Q_EMIT Row_menu_wanted(at_global);
 }
 
 void Fm_List_Panel::Show_rows(bool visible) {

@@ -16,6 +16,7 @@ struct Program;
 struct Column_Room;
 class Fm_List_Find;
 class Fm_List_Model;
+class Filter_Strip;
 class Fm_Table;
 
 /// The FM list: the grid, what "Find in list" leaves of it, and a sentence where there is nothing to list.
@@ -51,6 +52,8 @@ Q_SIGNALS:
     void Next_step_wanted(); ///< Enter in the list
     void Mission_folder_wanted();
     void Shown_changed();
+    void All_wanted(); ///< the filter is to go
+    void Row_menu_wanted(const QPoint &at_global);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -59,6 +62,12 @@ private:
     void Follow_current(const QModelIndex &current);
     void Choose_current(int delay);
     void Send_choice();
+    void Enter_row();
+    void Show_menu(const QPoint &at_global);
+    void Turn_wheel(int delta);
+    void Show_top_row();
+    void Note_top_row();
+    bool Is_selected(const QModelIndex &shown) const;
     void Fit_columns();
     void Remember_width(int column, int width);
     void Refresh_empty_state();
@@ -72,6 +81,7 @@ private:
     Fm_List_Model *model_;
     Fm_List_Find *find_;
     Fm_Table *table_;
+    Filter_Strip *filter_strip_;
     QWidget *empty_;
     QLabel *empty_text_;
     QPushButton *empty_button_;

@@ -2,14 +2,23 @@
 
 #include "Theme.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace vantrosk {
+
+namespace {
+
+constexpr int menu_inset = 24; ///< of a menu that a key opens, from the row's left end
+
+} // namespace
 
 Fm_Table::Fm_Table(QWidget *parent) : QTableView(parent) {
     setObjectName(QStringLiteral("fm_table"));
@@ -69,6 +78,8 @@ bool Fm_Table::Row_is_visible(int row) const {
 }
 
 void Fm_Table::Set_top_row(int row) {
+    executeDelayedItemsLayout(); // else the scroll bar still has the range of the rows before
+    updateGeometries();
     verticalScrollBar()->setValue(std::max(0, row - frozen_rows_) * row_height);
 }
 
@@ -92,11 +103,42 @@ void Fm_Table::keyPressEvent(QKeyEvent *event) {
         Q_EMIT Enter_pressed();
         return;
     }
+    const int last = model() ? model()->rowCount() - 1 : -1;
+    if (plain && last >= 0 && (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)) {
+        const int column = std::max(0, currentIndex().column());
+        setCurrentIndex(model()->index(event->key() == Qt::Key_Home ? 0 : last, column));
+        return;
+    }
     if (plain && text.size() == 1 && text.front().isLetterOrNumber()) {
         Q_EMIT Letter_typed(text.front());
         return;
     }
     QTableView::keyPressEvent(event);
+}
+
+/// Only up and down is the list's own; a fine wheel adds up to notches.
+void Fm_Table::wheelEvent(QWheelEvent *event) {
+    const int turn = event->angleDelta().y();
+    if (turn == 0 || event->modifiers() & (Qt::ShiftModifier | Qt::AltModifier | Qt::ControlModifier))
+        return QTableView::wheelEvent(event);
+    wheel_rest_ += turn;
+    for (; std::abs(wheel_rest_) >= QWheelEvent::DefaultDeltasPerStep;
+         wheel_rest_ -=
+         wheel_rest_ > 0 ? QWheelEvent::DefaultDeltasPerStep : -QWheelEvent::DefaultDeltasPerStep)
+        Q_EMIT Wheel_turned(wheel_rest_ > 0 ? 1 : -1);
+    event->accept();
+}
+
+void Fm_Table::contextMenuEvent(QContextMenuEvent *event) {
+    const bool by_mouse = event->reason() == QContextMenuEvent::Mouse;
+    const QModelIndex row = by_mouse ? indexAt(event->pos()) : currentIndex();
+    if (!row.isValid())
+        return;
+    if (by_mouse)
+        setCurrentIndex(row);
+    Q_EMIT Menu_wanted(by_mouse
+                           ? event->globalPos()
+                           : viewport()->mapToGlobal(visualRect(row).bottomLeft() + QPoint(menu_inset, 0)));
 }
 
 void Fm_Table::paintEvent(QPaintEvent *event) {

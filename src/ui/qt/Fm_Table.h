@@ -29,12 +29,16 @@ public:
 Q_SIGNALS:
     void Letter_typed(QChar letter); ///< a letter or digit, without Ctrl or Alt
     void Enter_pressed();
+    void Wheel_turned(int delta);              ///< one notch: negative towards the user
+    void Menu_wanted(const QPoint &at_global); ///< for the row under the mouse, or the current one
     void Resized();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyboardSearch(const QString &) override {} ///< typing is told by `Letter_typed`
 
@@ -44,6 +48,7 @@ private:
     void Paint_focus();
 
     int frozen_rows_ = 0;
+    int wheel_rest_ = 0; ///< eighths of a degree that make no whole notch yet
 };
 
 } // namespace vantrosk

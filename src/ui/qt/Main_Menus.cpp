@@ -40,6 +40,7 @@ void frmMain::Make_menus() {
     Make_file_menu();
     Make_view_menu();
     Make_games_menu();
+    Make_filter_menus(view_menu_, games_menu_);
     Make_help_menu();
 }
 
@@ -50,6 +51,9 @@ void frmMain::Make_file_menu() {
     install_action_ = Add_action(menu, QStringLiteral("&Install"), QStringLiteral("Ctrl+I"),
                                  QStringLiteral("Puts the mission into the game's folder"),
                                  [this] { commands->Install(); });
+    reset_action_ = Add_action(menu, QStringLiteral("&Reset…"), QStringLiteral("Ctrl+Shift+R"),
+                               QStringLiteral("Forgets what is stored of the mission; the zip stays"),
+                               [this] { Reset_mission(); });
     menu->addSeparator();
     Add_action(menu, QStringLiteral("&Set up a game…"), QStringLiteral("Ctrl+G"),
                QStringLiteral("Names the folders of a game and of its missions"),
@@ -60,7 +64,7 @@ void frmMain::Make_file_menu() {
 }
 
 void frmMain::Make_view_menu() {
-    QMenu *menu = menuBar()->addMenu(QStringLiteral("&View"));
+    QMenu *menu = view_menu_ = menuBar()->addMenu(QStringLiteral("&View"));
     Add_action(menu, QStringLiteral("&Find"), QStringLiteral("Ctrl+F"),
                QStringLiteral("Finds in the list, or in the readme while one reads there"),
                [this] { Find_here(); });
@@ -122,7 +126,7 @@ void frmMain::Show_about() {
         "<tr><td>Ctrl+I, Ctrl+P</td><td>install, play</td></tr>"
         "<tr><td>Ctrl+F</td><td>find in the list or in the readme</td></tr>"
         "<tr><td>F5</td><td>scan again</td></tr>"
-        "<tr><td>F6, F7</td><td>to the list, to the readme</td></tr></table>"));
+        "<tr><td>F6, F7, F8</td><td>to the list, to the readme, to your score</td></tr></table>"));
     box.exec();
 }
 

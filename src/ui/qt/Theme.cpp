@@ -131,6 +131,7 @@ QString Theme_style_sheet(const Theme &theme) {
         {"@row_selected", Name_of(ink::row_selected)},
         {"@button_off", Name_of(ink::button_off)},
         {"@bar_ground", Name_of(ink::bar_ground)},
+        {"@warned", Name_of(ink::text_warned)},
         {"@chip_on_text", Name_of(ink::chip_on_text)},
         {"@chip_on", Name_of(ink::chip_on)},
         {"@chip_off_text", Name_of(ink::chip_off_text)},

@@ -20,6 +20,7 @@ inline constexpr QRgb line = 0xffd5d9e4;
 inline constexpr QRgb line_light = 0xffe9ebf2;
 inline constexpr QRgb text = 0xff1d2330;
 inline constexpr QRgb text_second = 0xff667085;
+inline constexpr QRgb text_warned = 0xff8a5a00;
 inline constexpr QRgb text_faint = 0xff8f97a8;
 inline constexpr QRgb row_even = 0xffffffff;
 inline constexpr QRgb row_odd = 0xfff5f5f5;

@@ -4,6 +4,7 @@
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "install/Do_Install.h"
+#include "library/Fm_List_Save.h"
 #include "library/Fm_List_View.h"
 #include "library/Get_archives.h"
 
@@ -34,6 +35,7 @@ bool Window_Commands::Run(const QString &procedure, const std::function<void()> 
         return false;
     working_ = true;
     Q_EMIT Working_changed(true);
+    Save_Pending_Edits(program_); // before the work takes the panel
     With_error_box(program_, procedure, form_name, work);
     working_ = false;
     Q_EMIT Working_changed(false);
@@ -41,12 +43,18 @@ bool Window_Commands::Run(const QString &procedure, const std::function<void()> 
 }
 
 void Window_Commands::Choose_game(const QString &code) {
-    Run(QStringLiteral("Get_archives"), [this, &code] { Get_archives_of_game(program_, code); });
+    Choose_filter(code, 0);
+}
+
+void Window_Commands::Choose_filter(const QString &code, int filter) {
+    if (!code.isEmpty())
+        Run(QStringLiteral("Get_archives"),
+            [this, &code, filter] { Get_archives_of_game(program_, code, filter); });
 }
 
 void Window_Commands::Scan_again() {
-    if (!program_.SELECTED_GAME_TAB.isEmpty())
-        Choose_game(program_.SELECTED_GAME_TAB);
+    const QString code = program_.SELECTED_GAME_TAB;
+    Choose_filter(code, program_.scan.filter);
 }
 
 void Window_Commands::Choose_row(int row, int column) {

@@ -21,6 +21,9 @@ public:
     ~Window_Commands() override;
 
     void Choose_game(const QString &code);
+    /// The list of a game as one of its filters narrows it; 0 for all of it.
+    void Choose_filter(const QString &code, int filter);
+    /// The same list with the same filter.
     void Scan_again();
     void Choose_row(int row, int column);
     void Sort_by(int column);

@@ -2,6 +2,8 @@
 
 #include "Demo_Library.h"
 #include "Details_Panel_View.h"
+#include "Details_Tabs.h"
+#include "Finish_Score_View.h"
 #include "Fm_List_Panel.h"
 #include "Fm_Table.h"
 #include "Game_Toolbar.h"
@@ -75,6 +77,7 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     games = new Game_Toolbar(program, theme_, nullptr);
     list = new Fm_List_Panel(program, theme_, nullptr);
     details = new Details_Panel_View(program, theme_, nullptr);
+    opinions = new Finish_Score_View(program, theme_, nullptr);
     readme = new Readme_Panel(program, theme_, nullptr);
     empty_state = new Empty_State(program, ui, theme_, nullptr);
     status = new Status_Bar(nullptr);
@@ -146,7 +149,11 @@ QWidget *frmMain::Make_lower_half() {
     columns_->setObjectName(QStringLiteral("readme_splitter"));
     columns_->setChildrenCollapsible(false);
     columns_->setHandleWidth(1);
-    auto *left = Make_side(QStringLiteral("details_tabs"), QStringLiteral("FM Details and Play"), details);
+    details_tabs =
+        new Details_Tabs(QStringLiteral("details_tabs"), QStringLiteral("The selected mission"), nullptr);
+    details_tabs->Add(QStringLiteral("FMOptions"), QStringLiteral("FM Details and Play"), details);
+    details_tabs->Add(QStringLiteral("Finish_Score_Review"), QStringLiteral("Finish Score Review"), opinions);
+    auto *left = details_tabs;
     auto *right = Make_side(QStringLiteral("readme_tabs"), QStringLiteral("Readme"), readme);
     left->setMinimumWidth(least_details_width);
     right->setMinimumWidth(least_readme_width);
@@ -209,6 +216,7 @@ void frmMain::Connect_panels() {
     });
     connect(details, &Details_Panel_View::Play_pressed, commands, &Window_Commands::Play);
     connect(details, &Details_Panel_View::Install_pressed, commands, &Window_Commands::Install);
+    Connect_opinions();
     connect(readme, &Readme_Panel::Link_clicked, this,
             [this](const QUrl &address) { ui_.Open_link(address); });
     connect(empty_state, &Empty_State::Demo_wanted, this, &frmMain::Make_demo);
@@ -328,6 +336,7 @@ void frmMain::Refresh_list() {
 
 void frmMain::Refresh_details() {
     details->Refresh();
+    opinions->Refresh();
     readme->Refresh_empty();
     Refresh_access();
 }
@@ -355,6 +364,7 @@ void frmMain::Refresh_access() {
     }
     play_action_->setEnabled(free && details->play()->isEnabled());
     install_action_->setEnabled(free && details->install()->isEnabled());
+    reset_action_->setEnabled(free && details->reset()->isEnabled());
     scan_action_->setEnabled(free && !program_.SELECTED_GAME_TAB.isEmpty());
     if (freed && close_wanted_)
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);

@@ -15,7 +15,9 @@ namespace vantrosk {
 
 struct Program;
 class Details_Panel_View;
+class Details_Tabs;
 class Empty_State;
+class Finish_Score_View;
 class Fm_List_Panel;
 class Game_Toolbar;
 class Qt_Ui;
@@ -33,7 +35,9 @@ public:
 
     Game_Toolbar *games;
     Fm_List_Panel *list;
+    Details_Tabs *details_tabs;
     Details_Panel_View *details;
+    Finish_Score_View *opinions;
     Readme_Panel *readme;
     Status_Bar *status;
     Empty_State *empty_state;
@@ -75,6 +79,15 @@ private:
     QAction *Add_action(QMenu *menu, const QString &text, const QString &keys, const QString &tip,
                         const std::function<void()> &work);
     void Connect_panels();
+    void Connect_opinions();
+    void Pick_score(int score);
+    void Click_level(int level, bool finished);
+    void Reset_mission();
+    void Show_opinions();
+    void Make_filter_menus(QMenu *view_menu, QMenu *games_menu);
+    void Fill_filter_menu(QMenu *menu, const QString &code);
+    void Show_row_menu(const QPoint &at_global);
+    void Fill_row_menu(QMenu *menu);
     void Refresh_access();
     void Find_here();
     void Move_splitter(int by);
@@ -90,8 +103,9 @@ private:
     QStackedWidget *pages_;
     QWidget *work_area_;
     QSplitter *rows_, *columns_;
-    QMenu *games_menu_ = nullptr, *sort_menu_ = nullptr;
+    QMenu *view_menu_ = nullptr, *games_menu_ = nullptr, *sort_menu_ = nullptr;
     QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
+    QAction *reset_action_ = nullptr;
     QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_;
     QPointer<QWidget> focus_before_work_;
     bool told_busy_ = false;
