@@ -85,12 +85,16 @@ QStringList Split_lines(const QString &text) {
     return lines;
 }
 
-QStringList Read_text_lines(const Program &program, const QString &path) {
+QString Read_text(const Program &program, const QString &path) {
     const auto start = program.files.read_start(path, text_file_limit);
     if (!start.ok())
         return {};
     const bool cut = start.value.size() >= text_file_limit;
-    return Split_lines(Decode_text(cut ? Without_cut_character(start.value) : start.value));
+    return Decode_text(cut ? Without_cut_character(start.value) : start.value);
+}
+
+QStringList Read_text_lines(const Program &program, const QString &path) {
+    return Split_lines(Read_text(program, path));
 }
 
 QString First_line(const Program &program, const QString &path) {

@@ -66,6 +66,8 @@ QString Decode_text(const QByteArray &bytes);
 /// Lines end at CR LF, LF or CR; a line is cut at 64 KiB.
 QStringList Split_lines(const QString &text);
 /// A readme or any other text from outside, at most 8 MiB of it; empty when it can not be read.
+QString Read_text(const Program &program, const QString &path);
+/// The same in lines.
 QStringList Read_text_lines(const Program &program, const QString &path);
 /// The first line of a small text file; empty when there is none.
 QString First_line(const Program &program, const QString &path);

@@ -126,7 +126,7 @@ void Examine(Program &program, Info_Run &run) {
     program.screen.no_mission_selected = false;
     Take_findings(program, run);
     Convert_pictures(program, run);
-    Show_Readme(program);
+    Show_Readme(program, run);
     Read_fields(program);
     Settle_Game(program, run);
     Note_map_picture(program, run);

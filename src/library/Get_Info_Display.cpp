@@ -23,24 +23,25 @@ QString Rtf_text(Program &program, const QString &path) {
 }
 
 /// The plain text lies in INFO in both cases: the fields of the details come from it.
-QString Rtf_page(Program &program, const QString &path) {
+QString Rtf_page(Program &program, const QString &path, const Page_Facts &facts) {
     const QString text = Rtf_text(program, path);
-    const QString page = program.tweaks.VIEW_RTF_AS_VKML ? Render_Text_Readme(program, text) : QString();
+    const QString page = program.tweaks.VIEW_RTF_AS_VKML ? Render_Text_Readme(program, text, facts) : QString();
     return page.isEmpty() ? Render_RTF_Readme(program, path) : page;
 }
 
 /// The page or file that the browser is to show; empty for none.
-QString Readme_page(Program &program) {
+QString Readme_page(Program &program, const Info_Run &run) {
+    const Page_Facts facts = Facts_of_selection(program, run);
     if (!program.TEXTFILENAME.isEmpty()) {
         const QString path = In_info(program, program.TEXTFILENAME);
         if (program.tweaks.VIEW_TXT_AS_VKML)
-            return Render_Text_Readme(program, path);
+            return Render_Text_Readme(program, path, facts);
         return FileExists(program, path) ? path : QString();
     }
     if (!program.fm.RTF_readme.isEmpty())
-        return Rtf_page(program, In_info(program, program.fm.RTF_readme));
+        return Rtf_page(program, In_info(program, program.fm.RTF_readme), facts);
     if (!program.fm.VKML_readme.isEmpty())
-        return Render_VKML_Readme(program, In_info(program, program.fm.VKML_readme));
+        return Render_VKML_Readme(program, In_info(program, program.fm.VKML_readme), facts);
     return {};
 }
 
@@ -63,8 +64,8 @@ void Fill_empty_fields(Program &program, const Readme_Fields &fields) {
 
 } // namespace
 
-void Show_Readme(Program &program) {
-    Show_page(program, Readme_page(program));
+void Show_Readme(Program &program, const Info_Run &run) {
+    Show_page(program, Readme_page(program, run));
 }
 
 void Show_Unreadable_Zip(Program &program, const Fault &fault) {

@@ -2,6 +2,7 @@
 
 #include "core/Program.h"
 #include "library/Get_Info_Entries.h"
+#include "readme/mdlHTML_stuff.h"
 #include "zip/mUnzip.h"
 
 #include <QString>
@@ -39,9 +40,13 @@ void Convert_pictures(Program &program, Info_Run &run);
 /// Chooses the picture of the details panel and keeps one for the list of recent missions.
 void Show_Picture(Program &program, const Info_Run &run);
 
+// Get_Info_Page.cpp
+/// What the readme's page tells beside the readme: the record, the row, the languages, the picture.
+Page_Facts Facts_of_selection(const Program &program, const Info_Run &run);
+
 // Get_Info_Display.cpp
 /// Shows the readme as a page, or "about:blank".
-void Show_Readme(Program &program);
+void Show_Readme(Program &program, const Info_Run &run);
 /// The page that tells why a zip can not be read.
 void Show_Unreadable_Zip(Program &program, const Fault &fault);
 /// Fills the fields of the details panel that are still empty from a text readme.

@@ -1,4 +1,4 @@
-#include "readme/mdlHTML_stuff.h"
+#include "readme/Pages.h"
 
 namespace vantrosk {
 
@@ -33,6 +33,23 @@ QString Escape_html(const QString &text) {
 
 QString Escape_attribute(const QString &value) {
     return Escape_html(value).replace(QLatin1Char('\''), QLatin1String("&#39;"));
+}
+
+QString Escape_address(const QString &address) {
+    return Escape_html(address).replace(QLatin1Char('\''), QLatin1String("%27"));
+}
+
+QString Encode_picture_name(const QString &name) {
+    const qsizetype separator = qMax(name.lastIndexOf(QLatin1Char('\\')), name.lastIndexOf(QLatin1Char('/')));
+    QString encoded = name.mid(separator + 1).trimmed();
+    // An entity would be read before the address is: "&sol;" is a "/" to a browser.
+    encoded.replace('%', "%25").replace('&', "%26").replace('\'', "%27").replace('"', "%22");
+    encoded.replace('#', "%23")
+        .replace(':', "%3A")
+        .replace('?', "%3F")
+        .replace('<', "%3C")
+        .replace('>', "%3E");
+    return encoded == QLatin1String(".") || encoded == QLatin1String("..") ? QString() : Escape_html(encoded);
 }
 
 QString Encode_file_name(const QString &name) {

@@ -93,7 +93,7 @@ QString Background(const Program &program, bool full_width) {
 QString Style_value(const QString &value) {
     QString plain;
     for (const QChar letter : value) {
-        if (letter.unicode() >= 0x20 && !QStringView(u"<>{};'\"").contains(letter))
+        if (letter.unicode() >= 0x20 && !QStringView(u"<>{}()@;'\"\\").contains(letter))
             plain += letter;
     }
     return plain;

@@ -1,7 +1,8 @@
 #include "core/mdlFile_Functions.h"
 #include "library/fields/Readme_Fields.h"
+#include "readme/Marked_Text.h"
 #include "readme/Pages.h"
-#include "readme/mdlHTML_stuff.h"
+#include "readme/Readme_Links.h"
 
 #include <QRegularExpression>
 
@@ -46,16 +47,16 @@ QString Mark_up(const QString &tag, bool closing, const QString &as_typed) {
     return as_typed;
 }
 
-/// Pictures lie flat in one folder, so that no folder in the name is followed; what ends an attribute or
-/// starts a query is percent-encoded.
+/// Pictures lie flat in one folder, so that no folder in the name is followed.
 QString Image(const QString &content, const QString &as_typed) {
-    const qsizetype separator =
-        qMax(content.lastIndexOf(QLatin1Char('\\')), content.lastIndexOf(QLatin1Char('/')));
-    QString name = content.mid(separator + 1).trimmed();
-    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
-        return as_typed;
-    name.replace('%', "%25").replace('\'', "%27").replace('"', "%22").replace('#', "%23").replace('?', "%3F");
-    return "<img src='VKIMAGES\\" + name + "' border='0'>";
+    const QString name = Encode_picture_name(content);
+    return name.isEmpty() ? as_typed : "<img src='VKIMAGES\\" + name + "' border='0'>";
+}
+
+/// The name as typed; the text around it was escaped already.
+QString Unescaped(QString name) {
+    return name.replace(QLatin1String("&lt;"), QLatin1String("<"))
+        .replace(QLatin1String("&gt;"), QLatin1String(">"));
 }
 
 QString Replace_tags(const QString &text) {
@@ -71,7 +72,7 @@ QString Replace_tags(const QString &text) {
         html += QStringView(text).mid(done, match.capturedStart() - done);
         done = match.capturedEnd();
         html += match.captured(3).isEmpty()
-                    ? Image(match.captured(1), match.captured())
+                    ? Image(Unescaped(match.captured(1)), match.captured())
                     : Mark_up(match.captured(3), !match.captured(2).isEmpty(), match.captured());
     }
     html += QStringView(text).mid(done);
@@ -86,26 +87,48 @@ QString Without_tags(QString line, std::initializer_list<const char *> names) {
     return line;
 }
 
-Page_Header Header_of_vkml(const QStringList &lines) {
-    static const QString author_label = QStringLiteral("^[Aa][Uu][Tt][Hh][Oo][Rr](?: ){0,20}:");
+/// A field of the header, from lines that hold a word.
+struct Author_Field {
+    QString Page_Header::*field;
+    const char *word;
+    const char *pattern;
+};
+
+constexpr std::array<Author_Field, 3> author_fields{{
+    {&Page_Header::author, "[VKAUTHOR]", "^[Aa][Uu][Tt][Hh][Oo][Rr](?: ){0,20}:"},
+    {&Page_Header::contact, "Contact Info", "^[Cc]ontact [Ii]nfo(?: ){0,30}:"},
+    {&Page_Header::home_page, "Homepage", "^[Hh][Oo][Mm][Ee][Pp][Aa][Gg][Ee](?: ){0,20}:"},
+}};
+
+void Take_structure(Page_Header &header, const QString &line) {
+    if (!line.contains(QLatin1String("[VKFMSTRUCTURE]"), Qt::CaseInsensitive))
+        return;
+    const QString bare = Without_tags(line, {"VKFMSTRUCTURE", "VKNL"});
+    if (header.title.isEmpty())
+        Fill_field(header.title, Title_of_line(bare));
+    if (header.game.isEmpty())
+        Fill_field(header.game, Game_of_line(bare));
+}
+
+Page_Header Header_of_vkml(const QString &text) {
     Page_Header header;
-    for (const QString &line : lines) {
-        if (line.contains(QLatin1String("[VKFMSTRUCTURE]"), Qt::CaseInsensitive)) {
-            const QString bare = Without_tags(line, {"VKFMSTRUCTURE", "VKNL"});
-            if (header.title.isEmpty())
-                header.title = Title_of_line(bare).trimmed();
-            if (header.game.isEmpty())
-                header.game = Game_of_line(bare).trimmed();
+    for (const QString &line : Split_lines(text)) {
+        Take_structure(header, line);
+        for (const Author_Field &author_field : author_fields) {
+            QString &field = header.*author_field.field;
+            if (field.isEmpty() && line.contains(QLatin1String(author_field.word), Qt::CaseInsensitive))
+                Fill_field(field, Label_value(Without_tags(line, {"VKAUTHOR", "VKNL"}),
+                                              QLatin1String(author_field.pattern)));
         }
-        if (header.author.isEmpty() && line.contains(QLatin1String("[VKAUTHOR]"), Qt::CaseInsensitive))
-            header.author = Label_value(Without_tags(line, {"VKAUTHOR", "VKNL"}), author_label).trimmed();
     }
+    header.contact = Tidy_contact(header.contact);
+    header.home_page = Tidy_home_page(header.home_page);
     return header;
 }
 
 /// Takes away a piece that stands alone between line ends and tags. Prose that holds it is never touched.
 void Remove_whole_piece(QString &html, const QString &piece) {
-    const QRegularExpression alone(R"((^|>|\n)[ \t\r]*)" + QRegularExpression::escape(Escape_html(piece)) +
+    const QRegularExpression alone(R"((^|>|\n)[ \t\r]*+)" + QRegularExpression::escape(Escape_html(piece)) +
                                        R"([ \t\r]*(?=<|\n|$))",
                                    QRegularExpression::CaseInsensitiveOption);
     html.replace(alone, QStringLiteral("\\1"));
@@ -124,22 +147,29 @@ void Remove_what_the_header_says(QString &html, const Page_Header &header) {
 
 } // namespace
 
-QString VKML_to_html(const QStringList &lines) {
-    return Replace_tags(Escape_html(lines.join(QLatin1String("\r\n")) + "\r\n"));
+QString VKML_to_html(const QString &text) {
+    return Replace_tags(Escape_html(text));
 }
 
-QString Render_VKML_Readme(Program &program, const QString &path) {
+QString Page_of_VKML(const Program &program, const QString &text, const Page_Facts &facts) {
+    const QString lines = With_line_feeds(text).replace(QLatin1String("\n"), QLatin1String("\r\n"));
+    const Page_Header header = Header_of_vkml(lines);
+    Marked_Text marked(lines);
+    Link_home_page(marked, header.home_page);
+    QString html =
+        marked.html([](QString &part, QStringView words) { part += VKML_to_html(words.toString()); });
+    Remove_what_the_header_says(html, header);
+    return Page_Head(program, true, true) + Header_Table(program, header, facts, Page_Kind::vkml) + html +
+           "<br><br>\r\n<br></div>\r\n" + page_end;
+}
+
+QString Render_VKML_Readme(Program &program, const QString &path, const Page_Facts &facts) {
     if (!path.endsWith(QLatin1String(".VKML"), Qt::CaseInsensitive))
         return {};
-    const QStringList lines = Read_text_lines(program, path);
-    if (lines.isEmpty())
+    const QString text = Read_text(program, path);
+    if (text.isEmpty())
         return {};
-    const Page_Header header = Header_of_vkml(lines);
-    QString text = VKML_to_html(lines);
-    Remove_what_the_header_says(text, header);
-    return Write_page(program, Page_Path(path),
-                      Page_Head(program, true, true) + Header_Table(header) + text +
-                          "<br><br>\r\n<br></div>\r\n" + page_end);
+    return Write_page(program, Page_Path(path), Page_of_VKML(program, text, facts));
 }
 
 } // namespace vantrosk

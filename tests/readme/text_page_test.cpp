@@ -28,6 +28,10 @@ struct Text_Page_Test : testing::Test {
     }
 };
 
+const QString unscored_rows =
+    "<tr><td class='VKFMINFO' colspan='2'>You have not scored this yet.</td></tr>\r\n"
+    "<tr><td class='VKFMINFO' colspan='2'>The community has not scored this yet or you have not downloaded "
+    "scores for this FM.</td></tr>\r\n";
 const QString table = "<table border='0' width='100%' cellspacing='0' cellpadding='3'>\r\n";
 
 } // namespace
@@ -42,36 +46,39 @@ TEST_F(Text_Page_Test, The_page_lies_beside_the_readme) {
 TEST_F(Text_Page_Test, Title_game_and_author_stand_above_the_text) {
     const QString body =
         body_of("Title : The Vault\r\nAuthor: Ann Lee\r\nGame : Thief 2\r\n\r\n  A door.\r\n");
-    EXPECT_TRUE(body.startsWith(table + "<tr><td class='VKTITLE'>The Vault</td></tr>\r\n"
-                                        "<tr><td class='VKSUBTITLE'>A 'Thief 2' Fan Mission</td></tr>\r\n"
-                                        "<tr><td class='VKSUBTITLE'>   By Ann Lee</td></tr>\r\n"
-                                        "</table>\r\n"))
+    EXPECT_TRUE(body.startsWith(table +
+                                "<tr><td class='VKTITLE'>The Vault</td></tr>\r\n"
+                                "<tr><td class='VKSUBTITLE'>A 'Thief 2' Fan Mission</td></tr>\r\n"
+                                "<tr><td class='VKSUBTITLE'>   By Ann Lee</td></tr>\r\n" +
+                                unscored_rows + "</table>\r\n"))
         << body.toStdString();
     EXPECT_TRUE(
-        body.endsWith("Title : The Vault<br>Author: Ann Lee<br>Game : Thief 2<br><br>  A door.</div>\r\n"
+        body.endsWith("Title : The Vault<br>Author: Ann Lee<br>Game : Thief 2<br><br>  A door.<br></div>\r\n"
                       "<br><br>\r\n</body>\r\n</html>"))
         << body.toStdString();
 }
 
 TEST_F(Text_Page_Test, Without_title_author_and_game_the_header_keeps_one_empty_row) {
-    EXPECT_TRUE(body_of("Just text.\r\n").startsWith(table + "<tr><td>&nbsp;</td></tr>\r\n</table>\r\n"));
+    EXPECT_TRUE(body_of("Just text.\r\n")
+                    .startsWith(table + "<tr><td>&nbsp;</td></tr>\r\n" + unscored_rows + "</table>\r\n"));
 }
 
 TEST_F(Text_Page_Test, Blanks_tabs_and_empty_lines_of_the_author_stay) {
-    EXPECT_EQ(text_of("  a\tb  c\n\n\n   d"), "  a\tb  c<br><br><br>   d");
+    EXPECT_EQ(text_of("  a\tb  c\n\n\n   d"), "  a\tb  c<br><br><br>   d<br>");
 }
 
 TEST_F(Text_Page_Test, Every_kind_of_line_end_is_one_line_break) {
-    EXPECT_EQ(text_of("a\r\nb\nc\rd"), "a<br>b<br>c<br>d");
+    EXPECT_EQ(text_of("a\r\nb\nc\rd"), "a<br>b<br>c<br>d<br>");
 }
 
 TEST_F(Text_Page_Test, Quotes_and_tabs_of_the_text_stay_though_the_fields_lose_them) {
-    EXPECT_EQ(text_of("Title :\t\"The Vault\"\r\n"), "Title :\t\"The Vault\"");
+    EXPECT_EQ(text_of("Title :\t\"The Vault\"\r\n"), "Title :\t\"The Vault\"<br>");
 }
 
 TEST_F(Text_Page_Test, Mark_up_in_the_text_shows_as_text) {
     const QString text = text_of("<script>alert(1)</script>\n<img src=x onerror='a()'>\n&lt; &amp;");
-    EXPECT_EQ(text, "&lt;script&gt;alert(1)&lt;/script&gt;<br>&lt;img src=x onerror='a()'&gt;<br>&lt; &amp;");
+    EXPECT_EQ(text,
+              "&lt;script&gt;alert(1)&lt;/script&gt;<br>&lt;img src=x onerror='a()'&gt;<br>&lt; &amp;<br>");
 }
 
 TEST_F(Text_Page_Test, Mark_up_in_title_author_and_game_shows_as_text) {
@@ -83,11 +90,11 @@ TEST_F(Text_Page_Test, Mark_up_in_title_author_and_game_shows_as_text) {
 }
 
 TEST_F(Text_Page_Test, Nul_bytes_are_left_out) {
-    EXPECT_EQ(text_of(QByteArray("a\0b\0\0c\n", 7)), "abc");
+    EXPECT_EQ(text_of(QByteArray("a\0b\0\0c\n", 7)), "abc<br>");
 }
 
-TEST_F(Text_Page_Test, A_readme_in_windows_1252_becomes_a_page_in_utf_8) {
-    EXPECT_EQ(text_of("caf\xE9 \x93quoted\x94"), QStringLiteral("café “quoted”"));
+TEST_F(Text_Page_Test, A_readme_in_windows_1252_reads_like_one_in_utf_8) {
+    EXPECT_EQ(text_of("caf\xE9 \x93quoted\x94"), "caf&eacute; \"quoted\"<br>");
 }
 
 TEST_F(Text_Page_Test, A_readme_over_8_MiB_is_read_up_to_there) {
@@ -119,6 +126,53 @@ TEST_F(Text_Page_Test, A_page_that_can_not_be_written_is_none_and_leaves_a_trace
     program.trace.enabled = true;
     EXPECT_EQ(Render_Text_Readme(program, world.windows("fm/readme.txt")), "");
     EXPECT_FALSE(world.ui.trace.isEmpty());
+}
+
+TEST_F(Text_Page_Test, A_line_of_any_length_shows_whole) {
+    EXPECT_EQ(text_of(QByteArray(200000, 'x') + " end"), QString(200000, 'x') + " end<br>");
+}
+
+TEST_F(Text_Page_Test, Bare_line_feeds_are_repaired_in_info_and_nowhere_else) {
+    const QByteArray bare = "Title : X\nAuthor : Y caf\xE9\n";
+    world.write("home/info/readme.txt", bare);
+    world.write("other/readme.txt", bare);
+    EXPECT_NE(Render_Text_Readme(program, program.paths.info + "readme.txt"), "");
+    EXPECT_NE(Render_Text_Readme(program, world.windows("other/readme.txt")), "");
+    EXPECT_EQ(world.read("home/info/readme.txt"), "Title : X\r\nAuthor : Y caf\xE9\r\n");
+    EXPECT_EQ(world.read("other/readme.txt"), bare);
+    const QString page = QString::fromUtf8(world.read("other/readme.htm"));
+    EXPECT_TRUE(page.contains("<td class='VKTITLE'>X</td>"));
+    EXPECT_TRUE(page.contains("By Y caf"));
+}
+
+TEST_F(Text_Page_Test, Whole_line_ends_and_wide_text_of_info_stay_as_they_are) {
+    for (const QByteArray &content : {QByteArray("a\r\nb\n"), QByteArray("one line"),
+                                      QByteArray("\xFF\xFE"
+                                                 "a\0\n\0b\0\n\0",
+                                                 10)}) {
+        world.write("home/info/readme.txt", content);
+        EXPECT_NE(Render_Text_Readme(program, program.paths.info + "readme.txt"), "");
+        EXPECT_EQ(world.read("home/info/readme.txt"), content);
+    }
+}
+
+TEST_F(Text_Page_Test, A_selected_row_without_keywords_gets_those_of_its_readme) {
+    Page_Facts facts;
+    facts.row_selected = true;
+    world.write("readme.txt", "Guards and a Bank.\nThe Bank is a Museum.\n");
+    EXPECT_NE(Render_Text_Readme(program, world.windows("readme.txt")), "");
+    EXPECT_EQ(program.screen.details.keywords, "");
+    EXPECT_NE(Render_Text_Readme(program, world.windows("readme.txt"), facts), "");
+    EXPECT_EQ(program.screen.details.keywords, "Guards,Museum,Bank");
+    program.screen.details.keywords = "Fun";
+    EXPECT_NE(Render_Text_Readme(program, world.windows("readme.txt"), facts), "");
+    EXPECT_EQ(program.screen.details.keywords, "Fun");
+}
+
+TEST_F(Text_Page_Test, The_time_it_took_is_traced) {
+    program.trace.enabled = true;
+    EXPECT_NE(body_of("text"), "<no page>");
+    EXPECT_TRUE(world.ui.trace.join('\n').contains("FUNCTIONS: Readme converted in "));
 }
 
 TEST_F(Text_Page_Test, The_source_is_never_changed) {

@@ -9,6 +9,7 @@
 #include "library/Fm_List_View.h"
 #include "library/Get_archives.h"
 #include "ui/console/Console_Json.h"
+#include "ui/console/Console_Render.h"
 #include "ui/console/Console_Words.h"
 #include "ui/console/Mission_Commands.h"
 
@@ -237,6 +238,7 @@ const std::vector<Console_Command> &Console_Commands() {
         {"info", info_usage, "tell what one mission is", Info_command},
         {"score", score_usage, "score, review and finish a mission", Score_command},
         {"reset", reset_usage, "forget what is stored of a mission", Reset_command},
+        {"render", render_usage, "turn a readme into a page beside it", Render_command},
         {"fields", fields_usage, "tell what a readme says", Fields_command},
         {"install", install_usage, "install a mission into its game", Install_command},
         {"restore", restore_usage, "put the original missions back", Restore_command},
