@@ -15,7 +15,7 @@ TEST_F(Console, The_list_of_commands_is_this_one) {
     QStringList names;
     for (const Console_Command &command : Console_Commands())
         names << command.name;
-    EXPECT_EQ(names, (QStringList{"settings", "tweaks", "scan", "info", "score", "reset", "fields", "install",
+    EXPECT_EQ(names, (QStringList{"settings", "tweaks", "scan", "info", "score", "reset", "render", "fields", "install",
                                   "restore", "play"}));
 }
 
