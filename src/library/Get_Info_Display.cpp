@@ -25,7 +25,8 @@ QString Rtf_text(Program &program, const QString &path) {
 /// The plain text lies in INFO in both cases: the fields of the details come from it.
 QString Rtf_page(Program &program, const QString &path, const Page_Facts &facts) {
     const QString text = Rtf_text(program, path);
-    const QString page = program.tweaks.VIEW_RTF_AS_VKML ? Render_Text_Readme(program, text, facts) : QString();
+    const QString page =
+        program.tweaks.VIEW_RTF_AS_VKML ? Render_Text_Readme(program, text, facts) : QString();
     return page.isEmpty() ? Render_RTF_Readme(program, path) : page;
 }
 
