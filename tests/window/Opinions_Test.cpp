@@ -488,6 +488,7 @@ TEST_F(Long_List, An_authors_colour_is_behind_his_name_alone) {
 TEST_F(Long_List, Of_10_000_rows_only_those_in_sight_are_painted_however_one_moves) {
     world.Fill_list(10000);
     Counting_Delegate counter;
+    QAbstractItemDelegate *own = table->itemDelegate();
     table->setItemDelegate(&counter);
     const int in_sight = (table->viewport()->height() / 25 + 3) * column_count;
     const auto painted_by = [&](const std::function<void()> &move) {
@@ -502,7 +503,7 @@ TEST_F(Long_List, Of_10_000_rows_only_those_in_sight_are_painted_however_one_mov
     EXPECT_LE(painted_by([&] { Key_Press(world.program(), u'm'); }), 2 * in_sight);
     EXPECT_LE(painted_by([&] { world.Select_mission(7000, false); }), 3 * in_sight);
     EXPECT_LE(painted_by([&] { world.window().list->Find("0777"); }), 2 * in_sight);
-    table->setItemDelegate(nullptr);
+    table->setItemDelegate(own);
 }
 
 } // namespace vantrosk

@@ -43,7 +43,7 @@ void Group_Size_Picture::paintEvent(QPaintEvent *) {
         painter.setBrush(i < filled ? theme_.quickbar : QColor(ink::bar_ground));
         const double left = 1 + i * figure_width;
         painter.drawEllipse(QRectF(left + 2.5, 1, 5, 5));
-        painter.drawRoundedRect(QRectF(left + 0.5, 7.5, 9, 9), 4, 4);
+        painter.drawChord(QRectF(left + 0.5, 7.5, 9, 18), 0, 180 * 16); // the shoulders
     }
 }
 

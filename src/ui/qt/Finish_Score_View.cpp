@@ -25,7 +25,7 @@ constexpr int least_review_height = 68;
 Finish_Score_View::Finish_Score_View(const Program &program, const Theme &theme, QWidget *parent)
     : QWidget(parent), score(new Score_Panel(program, theme, nullptr)),
       finished(new Finished_Panel(program, Finished_Panel::Set::words, nullptr)),
-      review(new Review_Panel(program, nullptr)), keywords(new Keywords_Panel(program, nullptr)),
+      review(new Review_Panel(program, nullptr)), keywords(new Keywords_Panel(program, theme, nullptr)),
       program_(program), community_(new Community_Panel(program, theme, nullptr)),
       stack_(new QStackedWidget) {
     setObjectName(QStringLiteral("finish_score_view"));
@@ -43,7 +43,7 @@ Finish_Score_View::Finish_Score_View(const Program &program, const Theme &theme,
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(Make_fields(theme));
+    area->setWidget(Make_fields());
     stack_->addWidget(nothing);
     stack_->addWidget(area);
     auto *all = new QVBoxLayout(this);
@@ -52,7 +52,7 @@ Finish_Score_View::Finish_Score_View(const Program &program, const Theme &theme,
     Refresh();
 }
 
-QWidget *Finish_Score_View::Make_fields(const Theme &) {
+QWidget *Finish_Score_View::Make_fields() {
     auto *fields = new QWidget;
     fields->setObjectName(QStringLiteral("finish_score_fields"));
     auto *column = new QVBoxLayout(fields);

@@ -32,7 +32,7 @@ public:
     Keywords_Panel *keywords;
 
 private:
-    QWidget *Make_fields(const Theme &theme);
+    QWidget *Make_fields();
     static void Add_field(QVBoxLayout *column, const QString &caption, QWidget *field, QWidget *buddy);
 
     const Program &program_;

@@ -12,17 +12,18 @@ namespace vantrosk {
 
 namespace {
 
-constexpr int row_height = 22, box_room = 34;
+constexpr int row_height = 22, box_room = 30;
 
 } // namespace
 
-Keywords_Panel::Keywords_Panel(const Program &program, QWidget *parent)
+Keywords_Panel::Keywords_Panel(const Program &program, const Theme &theme, QWidget *parent)
     : QListWidget(parent), program_(program) {
+    setFont(theme.small);
     setObjectName(QStringLiteral("keywords"));
     setAccessibleName(QStringLiteral("FM Keywords"));
     setToolTip(QStringLiteral("Where the mission plays, against whom, and what it is about. Space ticks a "
                               "keyword"));
-    setFlow(LeftToRight);
+    setFlow(TopToBottom);
     setWrapping(true);
     setResizeMode(Adjust);
     setMovement(Static);
@@ -31,14 +32,13 @@ Keywords_Panel::Keywords_Panel(const Program &program, QWidget *parent)
     setFrameShape(NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    int widest = 0;
+    const QFontMetrics metrics(theme.small);
     for (const QString &entry : Keyword_Entries(program)) {
         auto *item = new QListWidgetItem(entry, this);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Unchecked);
-        widest = std::max(widest, fontMetrics().horizontalAdvance(entry));
+        least_width_ = std::max(least_width_, metrics.horizontalAdvance(entry) + box_room);
     }
-    setGridSize({widest + box_room, row_height});
     connect(this, &QListWidget::itemChanged, this, [this](const QListWidgetItem *item) {
         Q_EMIT Keyword_clicked(item->text(), item->checkState() == Qt::Checked);
     });
@@ -46,7 +46,7 @@ Keywords_Panel::Keywords_Panel(const Program &program, QWidget *parent)
 }
 
 void Keywords_Panel::Refresh() {
-    const QSignalBlocker quiet(this);
+    const QSignalBlocker quiet(this); // the ticks are the record's
     const Details_Panel &details = program_.screen.details;
     const QStringList ticked = Matched_Keywords(Keyword_Entries(program_), details.keywords);
     for (int row = 0; row < count(); ++row)
@@ -57,13 +57,20 @@ void Keywords_Panel::Refresh() {
 
 void Keywords_Panel::resizeEvent(QResizeEvent *event) {
     QListWidget::resizeEvent(event);
-    Fit_height();
+    Fit();
 }
 
-void Keywords_Panel::Fit_height() {
-    const int columns = std::max(1, viewport()->width() / gridSize().width());
-    const int rows = (count() + columns - 1) / columns;
-    setFixedHeight(rows * row_height + 4);
+void Keywords_Panel::Fit() {
+    const int room = viewport()->width();
+    const int columns = std::max(1, room / least_width_);
+    const QSize cell(std::max(least_width_, room / columns), row_height);
+    if (cell != gridSize()) {
+        setGridSize(cell);
+        const QSignalBlocker quiet(this); // a size is no tick
+        for (int row = 0; row < count(); ++row)
+            item(row)->setSizeHint(cell);
+    }
+    setFixedHeight((count() + columns - 1) / columns * row_height + 2);
 }
 
 } // namespace vantrosk

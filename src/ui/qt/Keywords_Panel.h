@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Theme.h"
+
 #include <QListWidget>
 
 namespace vantrosk {
@@ -11,7 +13,7 @@ class Keywords_Panel : public QListWidget {
     Q_OBJECT
 
 public:
-    Keywords_Panel(const Program &program, QWidget *parent);
+    Keywords_Panel(const Program &program, const Theme &theme, QWidget *parent);
 
     void Refresh();
 
@@ -22,9 +24,11 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void Fit_height();
+    /// As many columns as there is room for, and the height that all rows need.
+    void Fit();
 
     const Program &program_;
+    int least_width_ = 1; ///< of one entry
 };
 
 } // namespace vantrosk

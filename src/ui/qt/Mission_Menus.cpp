@@ -87,6 +87,7 @@ void frmMain::Fill_filter_menu(QMenu *menu, const QString &code) {
 
 /// Below "Games", each game that has filters; below "View", those of the list that is shown.
 void frmMain::Make_filter_menus(QMenu *view_menu, QMenu *games_menu) {
+    view_menu->addSeparator();
     auto *here = view_menu->addMenu(QStringLiteral("Show &only"));
     here->setObjectName(QStringLiteral("filter_menu"));
     here->menuAction()->setToolTip(
@@ -146,7 +147,7 @@ void frmMain::Fill_row_menu(QMenu *menu) {
         action->setChecked(box->isChecked());
         connect(action, &QAction::triggered, this, [this, level](bool on) { Click_level(level, on); });
     }
-    QAction *write = menu->addAction(QStringLiteral("&Review and keywords"));
+    QAction *write = menu->addAction(QStringLiteral("Review and &keywords"));
     write->setEnabled(shown.record_shown);
     connect(write, &QAction::triggered, this, &frmMain::Show_opinions);
     menu->addSeparator();
