@@ -102,6 +102,11 @@ void Compare(const Tree &expected, const Tree &found, const QString &where, Loss
     }
 }
 
+/// Says which game the mission is for.
+QByteArray Readme(const char *name) {
+    return QByteArray("Title : Mission ") + name + "\r\nAuthor : Somebody\r\nGame : Thief 2\r\n";
+}
+
 const QStringList folders{"books", "obj", "fam/core", "mesh", "strings", "snd", "intrface/miss20"};
 
 } // namespace
@@ -161,12 +166,14 @@ void Fault_World::make_missions() {
         const QString name = QString("%1/own%2.dat").arg(folders[i % folders.size()]).arg(i);
         a.emplace_back(name, Content("A over " + name, Size_of("A" + name)));
     }
-    for (int i = 0; i < 108; ++i)
+    for (int i = 0; i < 107; ++i)
         a.emplace_back(QString("%1/a%2.gif").arg(folders[i % folders.size()]).arg(i),
                        Content(QString("A%1").arg(i), 3000));
+    a.emplace_back("readme.txt", Readme("A"));
     a.emplace_back("miss20.mis", Content("map of A", 200000));
     a.emplace_back("SAVES/game0009.sav", Content("save that A brings", 9000));
 
+    b.emplace_back("readme.txt", Readme("B"));
     b.emplace_back("miss21.mis", Content("map of B", 300000));
     b.emplace_back("convict.osm", Content("old script of B", 8000));
     b.emplace_back("new_gen.osm", Content("new script of B", 8000));

@@ -49,10 +49,10 @@ public:
 
     void run() {
         measure();
-        kills_at_log_lines("install", install_b_);
-        kills_at_log_lines("restore", restore_);
-        kills_at_random("install", install_b_, random_moments);
-        kills_at_random("restore", restore_, random_moments / 4);
+        kills_at_log_lines("an install", install_b_);
+        kills_at_log_lines("a restore", restore_);
+        kills_at_random("an install", install_b_, random_moments);
+        kills_at_random("a restore", restore_, random_moments / 4);
         two_kills();
         full_disk();
         file_limits();
@@ -112,7 +112,7 @@ private:
     }
 
     void kills_at_log_lines(const char *name, const QStringList &work) {
-        Row row{QString("killed at each log line of an %1").arg(name)};
+        Row row{QString("killed at each line of the log of %1").arg(name)};
         for (int line = 0; line < lines_.at(&work); line += share_) {
             world_.rewind();
             Child_Fault fault;
@@ -132,7 +132,7 @@ private:
     }
 
     void kills_at_random(const char *name, const QStringList &work, int count) {
-        Row row{QString("killed at random moments of an %1").arg(name)};
+        Row row{QString("killed at random moments of %1").arg(name)};
         for (int i = 0; i < count; i += share_) {
             world_.rewind();
             int moment = 0;
@@ -240,12 +240,12 @@ private:
             world_.rewind();
             const QString place =
                 QString("%1/books/b%2/new%3.pcx").arg(world_.game()).arg(i * 7 % 5).arg(i * 7);
-            QDir().mkpath(place);
+            Write_file(place + "/mine.txt", "of the player");
             const Child_End cut = Run_child(world_, install_b_);
-            const bool stands = QDir(place).exists();
+            if (!QFile::exists(place + "/mine.txt"))
+                row.loss.add(place, 13);
+            QDir(place).removeRecursively();
             settle(row, cut, place);
-            if (!stands)
-                row.loss.add(place, 0);
         }
         done(row);
     }

@@ -127,6 +127,9 @@ struct Program {
     // Custom game of the current list.
     QString custom_name, custom_extensions, custom_game_path;
     Custom_Game custom;
+
+    /// The installed mission as other players are told of it: its zip, "¬#¬" and its name; empty for none.
+    QString MULTIPLAYER_SS2, MULTIPLAYER_T2;
 };
 
 } // namespace vantrosk

@@ -18,6 +18,14 @@ constexpr const char *saves_steps = "//STEPS TO FIX = FM has been installed, how
                                     "converted and FM save games have "
                                     "not been unzipped installing Original Missions will resolve.";
 
+QString Name_of_row(const Program &program, const QString &zip_name) {
+    const int row = program.screen.list.find_zip(zip_name);
+    if (row < 0)
+        return zip_name;
+    const QString name = program.screen.list.rows[static_cast<std::size_t>(row)].cells[col_name];
+    return name.isEmpty() ? zip_name : name;
+}
+
 /// Stages 4 and 5. A fault means that the mission is not, or not wholly, in the game.
 Fault Put_mission_in(Install_Run &run) {
     Show_stage(run, 4);
@@ -50,6 +58,17 @@ bool Clear_the_folder(Install_Run &run) {
     return Restore_game_files(run);
 }
 
+/// What a player who offers a game over the network has installed.
+void Remember_for_multi_player(Install_Run &run) {
+    Program &program = run.program;
+    const QString mission =
+        run.restore_originals ? QString() : run.zip_name + "¬#¬" + Name_of_row(program, run.zip_name);
+    if (program.CURRENT_GAME == "SS2")
+        program.MULTIPLAYER_SS2 = mission;
+    else if (program.CURRENT_GAME == "T2")
+        program.MULTIPLAYER_T2 = mission;
+}
+
 /// Stages 6 to 8, which nothing can turn into a failure of the whole.
 void Finish_installation(Install_Run &run) {
     Show_stage(run, 6);
@@ -60,7 +79,7 @@ void Finish_installation(Install_Run &run) {
     Repackage_resources(run);
     Install_skin(run);
     Sort_out_languages(run);
-    debug_print(run.program, "MAIN FORM: the multi-player memory is not available");
+    Remember_for_multi_player(run);
     Set_Status_Panel(run.program, 2, "");
     End_log(run);
     Ask_about_skin(run);
@@ -176,14 +195,6 @@ void Clear_ready_column(Program &program) {
         cell.clear();
         program.ui.list_row_changed(static_cast<int>(row));
     }
-}
-
-QString Name_of_row(const Program &program, const QString &zip_name) {
-    const int row = program.screen.list.find_zip(zip_name);
-    if (row < 0)
-        return zip_name;
-    const QString name = program.screen.list.rows[static_cast<std::size_t>(row)].cells[col_name];
-    return name.isEmpty() ? zip_name : name;
 }
 
 /// The buttons, as a click on the row would set them now.

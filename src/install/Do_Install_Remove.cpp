@@ -115,10 +115,10 @@ private:
         const File_Info *found = look(path);
         if (!found || found->is_folder)
             return true;
-        const QString spelled = Join_path(Parent_path(path), found->name);
+        const QString spelled = Join_path(contents_[Parent_path(path)].folder, found->name);
         // Most files are not protected: they go with one call.
-        const Fault fault = found->read_only || found->is_link ? DeleteFileForced(program_, spelled)
-                                                               : delete_plain(spelled);
+        const Fault fault =
+            found->read_only || found->is_link ? DeleteFileForced(program_, spelled) : delete_plain(spelled);
         if (fault && !run_.fault)
             run_.fault = fault;
         return !fault;
@@ -129,12 +129,14 @@ private:
         return fault && fault.kind != Fault_Kind::not_found ? DeleteFileForced(program_, path) : Fault{};
     }
 
-    /// Each folder is read once: looking thousands of names up in a folder that changes would read it as often.
+    /// Each folder is read once: looking thousands of names up in a folder that changes would read it as
+    /// often.
     const File_Info *look(const QString &path) {
         const QString folder = Parent_path(path);
         auto known = contents_.find(folder);
         if (known == contents_.end()) {
-            known = contents_.insert(folder, {});
+            const Files &files = program_.files;
+            known = contents_.insert(folder, {Tidy_path(files.to_windows(files.to_native(folder))), {}, {}});
             for (const File_Info &entry : program_.files.list_folder(folder).value) {
                 known->exact.insert(entry.name, entry);
                 // Of several spellings the first in binary order stands for all, as everywhere.
@@ -212,6 +214,7 @@ private:
     std::vector<QStringList> found_; ///< for each name, where it was found
     QHash<QString, bool> outside_;
     struct Contents {
+        QString folder; ///< as it is spelled on disk
         QHash<QString, File_Info> exact, folded;
     };
     QHash<QString, Contents> contents_; ///< by folder

@@ -60,9 +60,7 @@ public:
             }
     }
     bool is_there() const { return start_ >= 0; }
-    QString places() const {
-        return Decode_text(text_.mid(start_, end_of(start_) - start_)).trimmed();
-    }
+    QString places() const { return Decode_text(text_.mid(start_, end_of(start_) - start_)).trimmed(); }
     /// The whole file with one more place before the others; every other byte stays.
     QByteArray with_place(const QByteArray &place) const {
         qsizetype at = start_;

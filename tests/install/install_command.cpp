@@ -75,6 +75,19 @@ TEST(Install_Command, Marks_the_row_the_record_and_the_title) {
                                               "'Original Missions' currently installed ");
 }
 
+TEST(Install_Command, Thief2_and_shock_remember_the_mission_for_players_elsewhere) {
+    for (const char *game : {"T2", "SS2", "T1"}) {
+        Install_World world(game);
+        world.mission("m.zip", {{"a.mis", "x"}, {"b.str", "y"}});
+        ASSERT_TRUE(world.install("m.zip"));
+        const QString mission = "m.zip¬#¬The Mission m";
+        EXPECT_EQ(world.program().MULTIPLAYER_T2, world.code == "T2" ? mission : "") << game;
+        EXPECT_EQ(world.program().MULTIPLAYER_SS2, world.code == "SS2" ? mission : "") << game;
+        ASSERT_TRUE(world.restore());
+        EXPECT_EQ(world.program().MULTIPLAYER_T2 + world.program().MULTIPLAYER_SS2, "") << game;
+    }
+}
+
 TEST(Install_Command, Play_is_off_while_it_runs_and_on_afterwards) {
     Install_World world;
     world.mission("m.zip", some_mission);
