@@ -180,6 +180,15 @@ TEST(DB_Touch_Last_Played, Sets_the_moment_of_the_current_game_s_row) {
               "T1|- / T2|2026-11-19 22:14:05 / T2|-");
 }
 
+TEST(DB_Touch_Last_Played, A_mission_whose_zip_is_called_original_something_is_played_too) {
+    Database_World world;
+    Program &program = world.upgraded();
+    db_Execute(program, "INSERT INTO Table_Scores (zip_name,game) VALUES ('OriginalSin.zip','T2')");
+    program.CURRENT_GAME = "T2";
+    DB_Touch_Last_Played(program, "OriginalSin.zip");
+    EXPECT_EQ(Rows_text(db_Query(program, "SELECT last_played FROM Table_Scores")), "2026-11-19 22:14:05");
+}
+
 TEST(DB_Email_Template, Reads_inserts_and_updates) {
     Database_World world;
     Program &program = world.upgraded();
