@@ -6,7 +6,7 @@ set -euo pipefail
 build_packages=(
     g++ cmake ninja-build ccache pkg-config clang-format git
     qt6-base-dev qt6-base-dev-tools qt6-webengine-dev libqt6svg6-dev libgl-dev
-    libzip-dev libsqlite3-dev libsndfile1-dev libsamplerate0-dev libopenmpt-dev
+    libzip-dev zlib1g-dev libsqlite3-dev libsndfile1-dev libsamplerate0-dev libopenmpt-dev
     libgtest-dev googletest
 )
 # Qt's window system plug-ins, a virtual display, and letters for Latin and Cyrillic texts.
@@ -30,7 +30,7 @@ if ! command -v apt-get >/dev/null 2>&1 || ! command -v dpkg-query >/dev/null 2>
 This script knows Debian and Ubuntu. On this system please install, under its own names:
   a C++20 compiler, CMake 3.22, Ninja, pkg-config,
   Qt 6.4 or later with Widgets, Svg and WebEngine,
-  libzip, SQLite 3, libsndfile, libsamplerate, libopenmpt, GoogleTest,
+  libzip, zlib, SQLite 3, libsndfile, libsamplerate, libopenmpt, GoogleTest,
   Xvfb and fonts for Latin and Cyrillic; for all tests also zip, unzip, 7z, mingw-w64 and Wine.
 Then run again with VANTROSK_DEPS=present.
 EOF

@@ -140,6 +140,24 @@ Recordset db_Query(Program &program, const QString &sql) {
     return Run(program, sql);
 }
 
+void db_Begin(Program &program) {
+    Copy_before_change(program); // while no transaction stands in its way
+    Read_all(Connection(program), "BEGIN IMMEDIATE");
+}
+
+void db_Commit(Program &program) {
+    sqlite3 *connection = Connection(program);
+    try {
+        Read_all(connection, "COMMIT");
+    } catch (const Program_Error &error) {
+        if (sqlite3_get_autocommit(connection) == 0)
+            sqlite3_exec(connection, "ROLLBACK", nullptr, nullptr, nullptr);
+        if (Is_damage(error.number()))
+            Forget_check(program);
+        throw;
+    }
+}
+
 int Column_size(Program &program, const QString &table, const QString &column) {
     const QString sql =
         QString(

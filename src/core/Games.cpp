@@ -1,6 +1,7 @@
 #include "core/Games.h"
 
 #include "core/Ini_Values.h"
+#include "core/mdlFile_Functions.h"
 
 namespace vantrosk {
 
@@ -46,6 +47,20 @@ bool Is_doom(const QString &code) {
 QString Game_Folder(const Main_Ini &ini, const QString &code) {
     const Game *game = Find_Game(Is_doom(code) ? "DMOD" : code);
     return game ? ini.*(game->game_folder) : QString();
+}
+
+QStringList Fm_Folders(const Main_Ini &ini, const Game &game, Empty_Entry empty) {
+    QStringList entries, folders;
+    for (const QString &list : {ini.*(game.fm_folders), ini.TOTHER_LOCATION})
+        entries += Split_folder_list(list, empty);
+    for (QString folder : entries) {
+        folder.replace(u'/', u'\\');
+        while (folder.endsWith(u'\\'))
+            folder.chop(1);
+        if (!folder.isEmpty() && !folders.contains(folder, Qt::CaseInsensitive))
+            folders << folder;
+    }
+    return folders;
 }
 
 QString Game_Text(const QString &code) {

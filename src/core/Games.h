@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <optional>
@@ -8,6 +9,7 @@
 namespace vantrosk {
 
 struct Main_Ini;
+enum class Empty_Entry; // mdlFile_Functions.h
 
 /// What is fixed about one built-in game. The order is that of the game menu.
 struct Game {
@@ -27,6 +29,10 @@ const Game *Find_Game(const QString &code);
 
 /// The folder that is configured for an active game's code; DOOM shares that of DMOD. Empty when not set up.
 QString Game_Folder(const Main_Ini &ini, const QString &code);
+/// The folders that a game's list is filled from: its own, then those of mixed games, each once. They end in
+/// no
+/// "\\".
+QStringList Fm_Folders(const Main_Ini &ini, const Game &game);
 /// What the details panel calls a game: "Thief The Metal Age"; empty for an unknown code.
 QString Game_Text(const QString &code);
 

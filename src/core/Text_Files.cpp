@@ -71,17 +71,23 @@ QString Decode_text(const QByteArray &bytes) {
     return As_windows_1252(content);
 }
 
+bool Line_Reader::next(QString &line) {
+    if (start_ >= text_.size())
+        return false;
+    qsizetype end = start_;
+    while (end < text_.size() && text_[end] != QLatin1Char('\r') && text_[end] != QLatin1Char('\n'))
+        ++end;
+    line = text_.mid(start_, qMin(end - start_, line_limit));
+    const bool pair = QStringView(text_).mid(end, 2) == QLatin1String("\r\n");
+    start_ = end + (pair ? 2 : 1);
+    return true;
+}
+
 QStringList Split_lines(const QString &text) {
     QStringList lines;
-    qsizetype start = 0;
-    while (start < text.size()) {
-        qsizetype end = start;
-        while (end < text.size() && text[end] != QLatin1Char('\r') && text[end] != QLatin1Char('\n'))
-            ++end;
-        lines << text.mid(start, qMin(end - start, line_limit));
-        const bool pair = text.mid(end, 2) == QLatin1String("\r\n");
-        start = end + (pair ? 2 : 1);
-    }
+    Line_Reader reader(text);
+    for (QString line; reader.next(line);)
+        lines << line;
     return lines;
 }
 

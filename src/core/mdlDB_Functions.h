@@ -50,6 +50,12 @@ void db_Execute(Program &program, const QString &sql);
 /// Runs one query and reads it whole. Throws `Program_Error`.
 Recordset db_Query(Program &program, const QString &sql);
 
+/// Between the two, statements are kept together: all or, after a kill, none of them, for the cost of one.
+/// The file is locked for other programs meanwhile, and whatever runs in between belongs to it, so nobody
+/// lets events through there. Both throw `Program_Error`; a commit that fails takes everything back.
+void db_Begin(Program &program);
+void db_Commit(Program &program);
+
 /// The engine's own form of one statement. Works on tokens: text in quotes is never touched. Throws
 /// `Program_Error` for a quote that is not closed, a date that is none, or more than one statement.
 QString Translate_statement(const QString &sql);

@@ -46,14 +46,11 @@ QString Rounded_quotient(qint64 bytes, int power) {
 
 } // namespace
 
-QStringList Split_folder_list(const QString &list) {
-    QStringList folders;
-    for (const QString &piece : list.split(folder_list_mark)) {
-        if (piece.isEmpty())
-            break;
-        folders << piece;
-    }
-    return folders;
+QStringList Split_folder_list(const QString &list, Empty_Entry empty) {
+    if (empty == Empty_Entry::is_passed_over)
+        return list.split(folder_list_mark, Qt::SkipEmptyParts);
+    const QStringList pieces = list.split(folder_list_mark);
+    return pieces.mid(0, pieces.indexOf(QString()));
 }
 
 QString Join_folder_list(const QStringList &folders) {

@@ -37,8 +37,10 @@ bool Set_tweaks_ini_value(Program &program, const QString &key, const QString &v
 enum class Ini_Kind { text, folder, folder_list, file, boolean, integer };
 Ini_Kind Main_ini_kind(const QString &key);
 
-/// Folder lists: pieces are behind "*#*"; the list is read up to its first empty piece.
-QStringList Split_folder_list(const QString &list);
+enum class Empty_Entry { ends_the_list, is_passed_over };
+/// Folder lists: each piece has "*#*" behind it; the list is read up to its first empty piece, or without
+/// those.
+QStringList Split_folder_list(const QString &list, Empty_Entry empty = Empty_Entry::ends_the_list);
 QString Join_folder_list(const QStringList &folders);
 
 bool FileExists(const Program &program, const QString &path);
@@ -63,7 +65,18 @@ void Empty_folder_of_files(Program &program, const QString &folder);
 
 /// Text of bytes from anywhere: UTF-8 when valid, UTF-16 with its mark, else Windows-1252.
 QString Decode_text(const QByteArray &bytes);
-/// Lines end at CR LF, LF or CR; a line is cut at 64 KiB.
+/// The lines of a text one by one, for who may stop early. Lines end at CR LF, LF or CR; a line is cut at 64
+/// KiB.
+class Line_Reader {
+public:
+    explicit Line_Reader(QString text) : text_(std::move(text)) {}
+    bool next(QString &line); ///< false at the end
+
+private:
+    QString text_;
+    qsizetype start_ = 0;
+};
+/// All of them.
 QStringList Split_lines(const QString &text);
 /// A readme or any other text from outside, at most 8 MiB of it; empty when it can not be read.
 QString Read_text(const Program &program, const QString &path);

@@ -50,10 +50,7 @@ void Locate_zip(Program &program, Info_Run &run) {
     const Game *game = Find_Game(run.key);
     if (!game || !Is_one_name(run.zip_name))
         return;
-    for (QString folder : (program.ini.*(game->fm_folders)).split(QLatin1String("*#*"), Qt::SkipEmptyParts)) {
-        folder.replace(QLatin1Char('/'), QLatin1Char('\\'));
-        while (folder.endsWith(QLatin1Char('\\')))
-            folder.chop(1);
+    for (const QString &folder : Fm_Folders(program.ini, *game, Empty_Entry::is_passed_over)) {
         const auto file = program.files.look(folder + "\\" + run.zip_name);
         if (!file || file->is_folder)
             continue;

@@ -99,7 +99,6 @@ void Find_files(Program &program, Scan &scan, QString folders) {
             scan.unread_folders << QString("Vantrosk can not %1 the folder ").arg(missing ? "find" : "read") +
                                        shown + ".";
             debug_print(program, "MAIN FORM: folder passed over: " + path + " " + listing.fault.text);
-            continue;
         }
         scan.folders.push_back({path, Walked_files(std::move(listing.value))});
         scan.files_total += static_cast<int>(scan.folders.back().files.size());
@@ -177,11 +176,13 @@ void Show_scan_progress(Program &program, Scan &scan, const QString &name) {
         return;
     scan.last_percent = percent;
     scan.last_pump = now;
+    Keep_records(program, scan);
     Show_Progress(program, scan.files_seen, scan.files_total);
     program.ui.pump_events();
 }
 
 void Walk_folder(Program &program, Scan &scan, const Zip_Folder &folder) {
+    Keep_records(program, scan);
     program.ui.pump_events();
     program.CURRENT_LOCATION = folder.path.chopped(1);
     Write_debug_log(program, "Scanning Folder " + folder.path);
@@ -194,6 +195,12 @@ void Walk_folder(Program &program, Scan &scan, const Zip_Folder &folder) {
         Check_file(program, scan, folder.path, file);
         Show_scan_progress(program, scan, file.name);
     }
+}
+
+void Walk_folders(Program &program, Scan &scan) {
+    const auto records_kept = qScopeGuard([&] { Keep_records(program, scan); });
+    for (const Zip_Folder &folder : scan.folders)
+        Walk_folder(program, scan, folder);
 }
 
 /// With no mission installed, the game's own are what is ready to play.
@@ -231,8 +238,7 @@ void Fill_list(Program &program, Scan &scan, const Archives_Request &request) {
     Query_records(program, scan);
     Empty_info_folder(program);
     Find_files(program, scan, request.folders);
-    for (const Zip_Folder &folder : scan.folders)
-        Walk_folder(program, scan, folder);
+    Walk_folders(program, scan);
     Mark_originals_ready(program, scan);
     Show_scan_caption(program, scan);
     Show_list(program);
@@ -281,7 +287,7 @@ void Get_archives_of_game(Program &program, const QString &game_code, int filter
         return;
     }
     Archives_Request request;
-    request.folders = program.ini.*(game->fm_folders);
+    request.folders = Join_folder_list(Fm_Folders(program.ini, *game, Empty_Entry::ends_the_list));
     request.game_key = game->code;
     request.filter = filter;
     Get_archives(program, request);

@@ -1,4 +1,5 @@
 #include "core/Games.h"
+#include "core/mdlFile_Functions.h"
 #include "library/Scan.h"
 #include "library/Titles_Str.h"
 #include "library/fields/Readme_Fields.h"
@@ -63,7 +64,7 @@ void Test_titles(Program &program, Zip_Record &zip) {
     }
     if (!titles)
         return;
-    const QStringList lines = Read_entry_lines(program, zip, titles->number);
+    const QStringList lines = Split_lines(Read_entry_text(program, zip, titles->number));
     const Titles_Find found = Game_of_titles_str(lines, !Has_own_name(zip));
     if (!found.name.isEmpty())
         zip.name = found.name;
@@ -136,8 +137,10 @@ void Map_readme_game(const Scan &scan, Zip_Record &zip) {
     constexpr qsizetype longest_code = 4;
     const bool is_code = zip.game.size() <= longest_code;
     zip.game = zip.game.trimmed();
-    if (scan.is_custom() && zip.game.compare(scan.list_name, Qt::CaseInsensitive) == 0)
+    if (scan.is_custom() && zip.game.compare(scan.list_name, Qt::CaseInsensitive) == 0) {
+        zip.game = scan.list_name;
         return;
+    }
     zip.game = is_code ? zip.game.toUpper() : Map_game_words(zip.game);
 }
 

@@ -23,6 +23,12 @@ QString Insert_statement(const Zip_Record &zip) {
     return sql + (dated ? "," + In_single_quotes(With_slashes(zip.zip_date)) + ")" : ")");
 }
 
+void Note_failure(Program &program, Scan &scan, const Program_Error &error) {
+    if (!scan.insert_failure)
+        scan.insert_failure = error;
+    debug_print(program, "MAIN FORM: Error In Get_archives : " + error.description());
+}
+
 } // namespace
 
 QString Compact_date(const QString &stored) {
@@ -75,11 +81,24 @@ void Insert_record(Program &program, Scan &scan, const Zip_Record &zip) {
         return;
     Set_Status_Panel(program, 1, "Adding " + zip.zip_name + " to database");
     try {
+        if (!scan.is_adding)
+            db_Begin(program);
+        scan.is_adding = true;
         db_Execute(program, Insert_statement(zip));
         Write_debug_log(program, "FM added to database");
     } catch (const Program_Error &error) {
-        scan.insert_failure = error;
-        debug_print(program, "MAIN FORM: Error In Get_archives : " + error.description());
+        Note_failure(program, scan, error);
+    }
+}
+
+void Keep_records(Program &program, Scan &scan) {
+    if (!scan.is_adding)
+        return;
+    scan.is_adding = false;
+    try {
+        db_Commit(program);
+    } catch (const Program_Error &error) {
+        Note_failure(program, scan, error);
     }
 }
 

@@ -18,7 +18,16 @@ constexpr qint64 readmes_limit = qint64(64) << 20; ///< bytes of all files of on
 constexpr qsizetype shortest_readme_line = 7;      ///< after trimming
 constexpr std::array<const char *, 3> rtf_readmes{"README.RTF", "DOCUMENTATION.RTF", "FMINFO.RTF"};
 
-constexpr std::array<const char *, 7> looked_at{".RTF", ".TXT", ".MIS", ".IBT", ".CBT", ".PK4", ".INI"};
+/// Four ASCII characters as one number, capitals or not.
+constexpr quint32 Ending(const char *at) {
+    quint32 value = 0;
+    for (int i = 0; i < 4; ++i)
+        value = value << 8 | static_cast<unsigned char>(at[i] >= 'A' && at[i] <= 'Z' ? at[i] + 32 : at[i]);
+    return value;
+}
+
+constexpr std::array<quint32, 8> looked_at{Ending(".RTF"), Ending(".TXT"), Ending(".MIS"), Ending(".IBT"),
+                                           Ending(".CBT"), Ending(".PK4"), Ending(".INI"), Ending("VKML")};
 
 /// One entry of a zip while it is classified.
 struct Entry {
@@ -188,24 +197,21 @@ Entry Entry_of(const cUnzip &unzip, int number) {
     return entry;
 }
 
-bool Is_text(QStringView text, const char *upper) {
-    return text.compare(QLatin1String(upper), Qt::CaseInsensitive) == 0;
+bool Is_text(QByteArrayView text, const char *upper) {
+    return QLatin1String(text.data(), text.size()).compare(QLatin1String(upper), Qt::CaseInsensitive) == 0;
 }
 
-/// Whether some test looks at a file of this name. Most entries of a mission are resources, and a library
-/// holds a million of them: nothing is copied here.
-bool Is_of_interest(const Scan &scan, QStringView name) {
+/// Whether some test looks at a file of this stored name. Most entries of a mission are resources, and a
+/// library holds a million of them: nothing is copied here. Every ending that matters is ASCII.
+bool Is_of_interest(const Scan &scan, QByteArrayView name) {
     if (scan.is_custom())
         return true;
-    const QStringView extension = name.mid(qMax(name.lastIndexOf(u'.'), qsizetype(0)));
-    if (extension.size() == 5)
-        return Is_text(extension, ".VKML");
-    if (extension.size() != 4)
+    if (name.size() < 4)
         return false;
-    if (Is_text(extension, ".STR"))
+    const quint32 ending = Ending(name.data() + name.size() - 4);
+    if (ending == Ending(".STR"))
         return Is_text(name, "TITLES.STR") || Is_text(name, "MISSFLAG.STR");
-    return std::any_of(looked_at.begin(), looked_at.end(),
-                       [extension](const char *one) { return Is_text(extension, one); });
+    return std::find(looked_at.begin(), looked_at.end(), ending) != looked_at.end();
 }
 
 /// What stands in INFO after the selected entries were extracted flat: of two names that differ at most by
@@ -256,10 +262,9 @@ void Take_vkml_line(Zip_Record &zip, const QString &line) {
         zip.game = Game_of_line(Without_structure_tags(line));
 }
 
-void Take_lines(Zip_Record &zip, const QStringList &lines, void (*take_line)(Zip_Record &, const QString &)) {
-    for (const QString &line : lines) {
-        if (All_known(zip))
-            return;
+void Take_lines(Zip_Record &zip, const QString &text, void (*take_line)(Zip_Record &, const QString &)) {
+    Line_Reader lines(text);
+    for (QString line; !All_known(zip) && lines.next(line);) {
         if (line.trimmed().size() >= shortest_readme_line)
             take_line(zip, line);
     }
@@ -276,7 +281,7 @@ QByteArray Read_entry_start(Program &program, const Zip_Record &zip, int number)
 void Read_vkml_readme(Program &program, Zip_Record &zip) {
     for (const Selected_Entry &file : zip.extracted) {
         if (file.name.compare(zip.vkml_readme, Qt::CaseInsensitive) == 0)
-            Take_lines(zip, Read_entry_lines(program, zip, file.number), Take_vkml_line);
+            Take_lines(zip, Read_entry_text(program, zip, file.number), Take_vkml_line);
     }
 }
 
@@ -286,7 +291,7 @@ void Read_rtf_readme(Program &program, Zip_Record &zip) {
             continue;
         const QString text = Text_of_rtf(Read_entry_start(program, zip, file.number));
         Write_RTF_Text(program, text, program.paths.temp);
-        Take_lines(zip, Split_lines(text), Take_text_line);
+        Take_lines(zip, text, Take_text_line);
         if (!zip.name.isEmpty())
             return;
     }
@@ -304,7 +309,7 @@ void Read_text_readmes(Program &program, Zip_Record &zip) {
             debug_print(program, "MAIN FORM: too many readmes in " + zip.zip_name);
             return;
         }
-        Take_lines(zip, Read_entry_lines(program, zip, file.number), Take_text_line);
+        Take_lines(zip, Read_entry_text(program, zip, file.number), Take_text_line);
     }
 }
 
@@ -333,11 +338,10 @@ void List_zip(Program &program, const Scan &scan, Zip_Record &zip, const QString
         debug_print(program, "MAIN FORM: " + zip.zip_name + " can not be listed: " + fault.text);
     Zip_Lister lister(program, scan, zip);
     for (int i = 1; i <= zip.unzip->FileCount(); ++i) {
-        if (!Is_of_interest(scan, zip.unzip->Filename(i)))
+        if (!Is_of_interest(scan, zip.unzip->StoredFilename(i)))
             continue;
         const Entry entry = Entry_of(*zip.unzip, i);
-        const QString directory = zip.unzip->FileDirectory(i);
-        if (!Is_safe_entry_name(directory.isEmpty() ? entry.name : directory + "\\" + entry.name)) {
+        if (!zip.unzip->FileIsSafe(i)) {
             debug_print(program, "MAIN FORM: passed over " + entry.name + " in " + zip.zip_name);
             continue;
         }
@@ -345,12 +349,12 @@ void List_zip(Program &program, const Scan &scan, Zip_Record &zip, const QString
     }
 }
 
-QStringList Read_entry_lines(Program &program, const Zip_Record &zip, int number) {
+QString Read_entry_text(Program &program, const Zip_Record &zip, int number) {
     QByteArray content = Read_entry_start(program, zip, number);
     // The bound may have cut a character in two.
     if (content.size() >= readme_limit)
         content.truncate(content.lastIndexOf('\n') + 1);
-    return Split_lines(Decode_text(content));
+    return Decode_text(content);
 }
 
 void Read_readme(Program &program, Zip_Record &zip) {

@@ -50,6 +50,7 @@ struct Scan {
     int installed_marker = 0; ///< 0 none, 1 an installed record was met, 2 its row was written
     QString installed_zip;
     QString installed_caption;
+    bool is_adding = false;                      ///< records were added that are not yet kept
     std::optional<Program_Error> insert_failure; ///< the first one; after it no more records are added
 
     bool is_custom() const { return key == QLatin1String("CUSTOM"); }
@@ -101,16 +102,18 @@ QString Compact_date(const QString &stored);
 void Query_records(Program &program, Scan &scan);
 /// Takes over what the first matching record tells, if there is one.
 void Take_record(Program &program, Scan &scan, Zip_Record &zip);
-/// Adds a record for a mission that has none.
+/// Adds a record for a mission that has none; it stands in the file after the next `Keep_records`.
 void Insert_record(Program &program, Scan &scan, const Zip_Record &zip);
+/// To be called before events get through, and at the end.
+void Keep_records(Program &program, Scan &scan);
 
 // Get_archives_Zip.cpp
 /// Lists the zip and classifies its entries.
 void List_zip(Program &program, const Scan &scan, Zip_Record &zip, const QString &folder);
 /// Reads name, author and game from the readme.
 void Read_readme(Program &program, Zip_Record &zip);
-/// Lines of one selected entry; none when it can not be read.
-QStringList Read_entry_lines(Program &program, const Zip_Record &zip, int number);
+/// Text of one selected entry; none when it can not be read.
+QString Read_entry_text(Program &program, const Zip_Record &zip, int number);
 
 // Get_archives_Game.cpp
 /// Tidies name and author and decides the game. False when the zip holds no mission.

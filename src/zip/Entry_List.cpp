@@ -13,6 +13,9 @@ namespace vantrosk {
 
 namespace {
 
+constexpr qsizetype longest_name = 0xffff;           ///< bytes; the format has no longer one
+constexpr qsizetype most_names = qsizetype(1) << 30; ///< bytes of all names of an archive
+
 bool Is_separator(char c) {
     return c == '/' || c == '\\';
 }
@@ -67,33 +70,71 @@ QDateTime Listed_Entry::date() const {
     return QDateTime::fromSecsSinceEpoch(std::mktime(&local));
 }
 
-void Entry_List::add(QByteArrayView stored_name, bool made_on_unix, Listed_Entry entry) {
-    if (!stored_name.isEmpty() && Is_separator(stored_name.back()))
+void Entry_List::add(QByteArrayView stored_name, Listed_Entry entry) {
+    if (stored_name.size() > longest_name || names_.size() > most_names)
         return;
-    qsizetype cut = stored_name.size();
-    while (cut > 0 && !Is_separator(stored_name[cut - 1]))
+    const auto at = static_cast<std::uint32_t>(names_.size());
+    names_.append(stored_name);
+    add_at(at, static_cast<std::uint16_t>(stored_name.size()), entry);
+}
+
+void Entry_List::add_at(std::uint32_t name_at, std::uint16_t name_size, Listed_Entry entry) {
+    const char *name = names_.constData() + name_at;
+    if (name_size > 0 && Is_separator(name[name_size - 1]))
+        return;
+    std::uint16_t cut = name_size;
+    while (cut > 0 && !Is_separator(name[cut - 1]))
         --cut;
-    if (stored_name.first(cut) != QByteArrayView(last_folder_)) {
-        last_folder_ = stored_name.first(cut).toByteArray();
-        const QString folder = Decode_entry_name(last_folder_, made_on_unix);
-        folder_ = Entry_name_parts(folder).join(u'\\');
-        // "./" is no folder at all and as safe as none.
-        const bool nothing =
-            folder_.isEmpty() && !Is_separator(last_folder_.isEmpty() ? '.' : last_folder_[0]);
-        folder_safe_ = nothing || Is_safe_entry_name(folder);
-    }
-    entry.folder = folder_;
-    entry.file = Decode_entry_name(stored_name.sliced(cut), made_on_unix);
-    entry.folder_safe = folder_safe_;
-    entries.push_back(std::move(entry));
+    entry.name_at = name_at;
+    entry.name_size = name_size;
+    entry.file_at = cut;
+    entries.push_back(entry);
 }
 
 void Entry_List::clear() {
     entries.clear();
     comment.clear();
-    last_folder_.clear();
-    folder_.clear();
-    folder_safe_ = true;
+    names_.clear();
+}
+
+QByteArrayView Entry_List::stored_name(const Listed_Entry &entry) const {
+    return QByteArrayView(names_).sliced(entry.name_at, entry.name_size);
+}
+
+QByteArrayView Entry_List::stored_file(const Listed_Entry &entry) const {
+    return stored_name(entry).sliced(entry.file_at);
+}
+
+QString Entry_List::file(const Listed_Entry &entry) const {
+    return Decode_entry_name(stored_file(entry), entry.made_on_unix);
+}
+
+QString Entry_List::folder(const Listed_Entry &entry) const {
+    read_folder(entry);
+    return folder_;
+}
+
+QString Entry_List::name(const Listed_Entry &entry) const {
+    const QString parent = folder(entry);
+    return parent.isEmpty() ? file(entry) : parent + u'\\' + file(entry);
+}
+
+bool Entry_List::folder_is_safe(const Listed_Entry &entry) const {
+    read_folder(entry);
+    return folder_safe_;
+}
+
+void Entry_List::read_folder(const Listed_Entry &entry) const {
+    const QByteArrayView stored = stored_name(entry).first(entry.file_at);
+    if (stored == QByteArrayView(last_folder_) && entry.made_on_unix == last_made_on_unix_)
+        return;
+    last_folder_ = stored.toByteArray();
+    last_made_on_unix_ = entry.made_on_unix;
+    const QString decoded = Decode_entry_name(last_folder_, entry.made_on_unix);
+    folder_ = Entry_name_parts(decoded).join(u'\\');
+    // "./" is no folder at all and as safe as none.
+    const bool nothing = folder_.isEmpty() && !Is_separator(stored.isEmpty() ? '.' : stored[0]);
+    folder_safe_ = nothing || Is_safe_entry_name(decoded);
 }
 
 void Read_open_archive(zip_t *archive, Entry_List &list) {
@@ -106,22 +147,21 @@ void Read_open_archive(zip_t *archive, Entry_List &list) {
         const auto index = static_cast<zip_uint64_t>(i);
         Listed_Entry entry;
         QByteArrayView name;
-        if (Entry_from_libzip(archive, index, entry, name))
-            list.add(name, !Is_ascii(name) && Made_on_unix(archive, index), entry);
+        if (!Entry_from_libzip(archive, index, entry, name))
+            continue;
+        entry.made_on_unix = !Is_ascii(name) && Made_on_unix(archive, index);
+        list.add(name, entry);
     }
 }
 
-bool Is_same_entry(zip_t *archive, const Listed_Entry &entry) {
+bool Is_same_entry(zip_t *archive, const Entry_List &list, const Listed_Entry &entry) {
     Listed_Entry seen;
     QByteArrayView name;
-    if (!Entry_from_libzip(archive, entry.index, seen, name))
+    if (!Entry_from_libzip(archive, entry.index, seen, name) || name != list.stored_name(entry))
         return false;
-    Entry_List one;
-    one.add(name, !Is_ascii(name) && Made_on_unix(archive, entry.index), seen);
-    return one.entries.size() == 1 && one.entries[0].file == entry.file &&
-           one.entries[0].folder == entry.folder && one.entries[0].folder_safe == entry.folder_safe &&
-           one.entries[0].size == entry.size && one.entries[0].packed == entry.packed &&
-           one.entries[0].encrypted == entry.encrypted;
+    if (!Is_ascii(name) && Made_on_unix(archive, entry.index) != entry.made_on_unix)
+        return false;
+    return seen.size == entry.size && seen.packed == entry.packed && seen.encrypted == entry.encrypted;
 }
 
 } // namespace vantrosk

@@ -1,5 +1,6 @@
 #include "zip/Entry_List.h"
 #include "zip/Entry_Names.h"
+#include "zip/Zip_Numbers.h"
 
 #include <QFile>
 
@@ -11,10 +12,8 @@ namespace vantrosk {
 
 namespace {
 
-// Sizes and signatures of the records, as the format's APPNOTE tells them; all numbers are little-endian.
 constexpr qint64 end_size = 22;
 constexpr qint64 header_size = 46;
-constexpr qint64 local_header_size = 30;
 constexpr qint64 locator_size = 20;
 constexpr qint64 longest_comment = 0xffff;
 constexpr qint64 longest_directory = 64 * 1024 * 1024;
@@ -25,15 +24,6 @@ constexpr int encrypted_flag = 1, utf8_flag = 0x800;
 
 /// Extra fields that tell of another length, name or comment, or of encryption.
 constexpr unsigned meaningful_fields[] = {0x0001, 0x6375, 0x7075, 0x9901};
-
-unsigned Number_16(const char *at) {
-    const auto *bytes = reinterpret_cast<const unsigned char *>(at);
-    return bytes[0] | bytes[1] << 8;
-}
-
-quint32 Number_32(const char *at) {
-    return Number_16(at) | static_cast<quint32>(Number_16(at + 2)) << 16;
-}
 
 /// Where the directory lies.
 struct End_Record {
@@ -93,8 +83,15 @@ bool Are_plain_fields(QByteArrayView fields) {
     return true;
 }
 
-/// Adds one record; the bytes it takes, or 0 when it is not of the plain kind.
-qsizetype Add_record(QByteArrayView rest, const End_Record &end, std::uint64_t index, Entry_List &list) {
+/// Whether name and comment are what their mark says they are.
+bool Are_texts_plain(unsigned flags, QByteArrayView name, QByteArrayView comment) {
+    return !name.contains('\0') && (!(flags & utf8_flag) || (Is_utf8(name) && Is_utf8(comment)));
+}
+
+/// Adds the record that begins at `at` of the directory; the bytes it takes, or 0 when it is not of the plain
+/// kind.
+qsizetype Add_record(qsizetype at, const End_Record &end, std::uint64_t index, Entry_List &list) {
+    const QByteArrayView rest = QByteArrayView(list.names()).sliced(at);
     if (rest.size() < header_size || std::memcmp(rest.data(), header_signature, 4) != 0)
         return 0;
     const char *record = rest.data();
@@ -106,20 +103,23 @@ qsizetype Add_record(QByteArrayView rest, const End_Record &end, std::uint64_t i
     if (whole > rest.size() || packed == 0xffffffff || size == 0xffffffff || Number_16(record + 34) != 0 ||
         offset + local_header_size + packed > end.offset)
         return 0;
-    const QByteArrayView name = rest.sliced(header_size, name_size);
-    const QByteArrayView comment = rest.sliced(whole - comment_size, comment_size);
     const unsigned flags = Number_16(record + 8);
-    if (name.contains('\0') || !Are_plain_fields(rest.sliced(header_size + name_size, extra_size)) ||
-        ((flags & utf8_flag) && !(Is_utf8(name) && Is_utf8(comment))))
+    if (!Are_texts_plain(flags, rest.sliced(header_size, name_size),
+                         rest.sliced(whole - comment_size, comment_size)) ||
+        !Are_plain_fields(rest.sliced(header_size + name_size, extra_size)))
         return 0;
     Listed_Entry entry;
     entry.size = size;
     entry.packed = packed;
     entry.index = index;
+    entry.offset = offset;
+    entry.checksum = Number_32(record + 16);
+    entry.method = static_cast<std::uint16_t>(Number_16(record + 10));
     entry.dos_time = static_cast<std::uint16_t>(Number_16(record + 12));
     entry.dos_date = static_cast<std::uint16_t>(Number_16(record + 14));
+    entry.made_on_unix = Is_unix_system(Number_16(record + 4) >> 8);
     entry.encrypted = (flags & encrypted_flag) != 0;
-    list.add(name, Is_unix_system(Number_16(record + 4) >> 8), std::move(entry));
+    list.add_at(static_cast<std::uint32_t>(at + header_size), static_cast<std::uint16_t>(name_size), entry);
     return whole;
 }
 
@@ -136,21 +136,18 @@ qint64 Bytes_before_archive(const QString &native) {
     return before;
 }
 
-bool Read_plain_directory(const QString &native, Entry_List &list) {
-    QFile file(native);
+bool Read_plain_directory(QFile &file, Entry_List &list) {
     End_Record end;
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !Find_end(file, end) ||
-        end.offset + end.size != end.position || end.size > longest_directory ||
+    if (!Find_end(file, end) || end.offset + end.size != end.position || end.size > longest_directory ||
         end.count * header_size > end.size || !file.seek(end.offset))
         return false;
-    list.directory_.resize(end.size);
-    if (file.read(list.directory_.data(), end.size) != end.size)
+    list.names().resize(end.size);
+    if (file.read(list.names().data(), end.size) != end.size)
         return false;
     list.entries.reserve(static_cast<size_t>(end.count));
     qsizetype at = 0;
     for (qint64 i = 0; i < end.count; ++i) {
-        const qsizetype taken =
-            Add_record(QByteArrayView(list.directory_).sliced(at), end, static_cast<std::uint64_t>(i), list);
+        const qsizetype taken = Add_record(at, end, static_cast<std::uint64_t>(i), list);
         if (taken == 0)
             return false;
         at += taken;

@@ -6,6 +6,7 @@
 #include "zip/Target_Folder.h"
 #include "zip/Zip_Archive.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -39,6 +40,7 @@ bool Is_method_known(zip_t *archive, zip_uint64_t index) {
 /// What one run of `Unzip` needs for each of its files.
 struct Extraction {
     zip_t *archive;
+    const Entry_List &list;
     Target_Folder &target;
     bool use_folder_names;
     bool overwrite_existing;
@@ -50,13 +52,13 @@ Fault Has_changed(const QString &archive) {
     return {Fault_Kind::damaged, QString("\"%1\" is not what it was when it was listed.").arg(archive)};
 }
 
-Fault Too_large(const Listed_Entry &entry, qint64 limit) {
+Fault Too_large(const QString &name, qint64 limit) {
     return {Fault_Kind::too_large,
-            QString("\"%1\" is longer than the %2 bytes that are allowed.").arg(entry.name()).arg(limit)};
+            QString("\"%1\" is longer than the %2 bytes that are allowed.").arg(name).arg(limit)};
 }
 
-Fault Copy_content(Extraction &run, const Listed_Entry &entry, Staged_File &file) {
-    Entry_Reader reader(run.archive, entry.index, entry.name(), entry.size);
+Fault Copy_content(Extraction &run, const Listed_Entry &entry, const QString &name, Staged_File &file) {
+    Entry_Reader reader(run.archive, entry.index, name, entry.size);
     qint64 written = 0;
     for (;;) {
         const Result<qint64> count = reader.read(run.block);
@@ -64,14 +66,16 @@ Fault Copy_content(Extraction &run, const Listed_Entry &entry, Staged_File &file
             return count.fault;
         written += count.value;
         if (run.size_limit > 0 && written > run.size_limit)
-            return Too_large(entry, run.size_limit);
+            return Too_large(name, run.size_limit);
         if (const Fault fault = file.write(run.block.constData(), count.value))
             return fault;
     }
 }
 
 Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Progress &progress) {
-    const QStringList parts = run.use_folder_names ? Entry_name_parts(entry.name()) : QStringList{entry.file};
+    const QString name = run.list.name(entry);
+    const QStringList parts =
+        run.use_folder_names ? Entry_name_parts(name) : QStringList{run.list.file(entry)};
     const Result<Target_Folder::Place> found = run.target.place(parts);
     if (!found.ok())
         return found.fault;
@@ -79,16 +83,15 @@ Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Prog
     if (place.taken && !run.overwrite_existing)
         return {};
     if (place.taken && QFileInfo(place.native).isDir() && !QFileInfo(place.native).isSymLink())
-        return {Fault_Kind::exists,
-                QString("A folder stands where the file \"%1\" should be.").arg(entry.name())};
+        return {Fault_Kind::exists, QString("A folder stands where the file \"%1\" should be.").arg(name)};
     if (progress)
-        progress(entry.name());
+        progress(name);
     if (run.size_limit > 0 && entry.size > run.size_limit)
-        return Too_large(entry, run.size_limit);
+        return Too_large(name, run.size_limit);
     Staged_File file(place.native, run.target.native() + "/" + unzip_temporary_name);
     if (const Fault fault = file.open())
         return fault;
-    if (const Fault fault = Copy_content(run, entry, file))
+    if (const Fault fault = Copy_content(run, entry, name, file))
         return fault;
     if (Was_executable(run.archive, entry.index))
         file.set_executable();
@@ -103,7 +106,8 @@ Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Prog
 struct cUnzip::State {
     QString listed_file; ///< what `Directory` read
     Entry_List list;
-    Zip_Handle archive; ///< opened when an entry's content is wanted: a scan wants few
+    QFile plain;        ///< the archive, open while its list was read without libzip
+    Zip_Handle archive; ///< opened when that is not enough
 
     const Listed_Entry *entry(int i) const {
         return i >= 1 && static_cast<size_t>(i) <= list.entries.size()
@@ -121,7 +125,10 @@ Fault cUnzip::Directory() {
     const QString native = files_.to_native(ZipFile);
     if (const Fault fault = Check_archive_file(native, Name_of_path(ZipFile)))
         return fault;
-    if (!Read_plain_directory(native, state_->list)) {
+    state_->plain.setFileName(native);
+    if (!state_->plain.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
+        !Read_plain_directory(state_->plain, state_->list)) {
+        state_->plain.close();
         state_->list.clear();
         if (const Fault fault = Open_archive())
             return fault;
@@ -134,6 +141,7 @@ Fault cUnzip::Directory() {
 void cUnzip::Close() {
     state_->listed_file.clear();
     state_->list.clear();
+    state_->plain.close();
     state_->archive.reset();
 }
 
@@ -155,12 +163,12 @@ int cUnzip::FileCount() const {
 
 QString cUnzip::Filename(int i) const {
     const Listed_Entry *entry = state_->entry(i);
-    return entry ? entry->file : QString();
+    return entry ? state_->list.file(*entry) : QString();
 }
 
 QString cUnzip::FileDirectory(int i) const {
     const Listed_Entry *entry = state_->entry(i);
-    return entry ? entry->folder : QString();
+    return entry ? state_->list.folder(*entry) : QString();
 }
 
 qint64 cUnzip::FileSize(int i) const {
@@ -176,6 +184,11 @@ int cUnzip::FileCompressionRatio(int i) const {
     return static_cast<int>(saved * 100 + 0.5);
 }
 
+QByteArrayView cUnzip::StoredFilename(int i) const {
+    const Listed_Entry *entry = state_->entry(i);
+    return entry ? state_->list.stored_file(*entry) : QByteArrayView();
+}
+
 QDateTime cUnzip::FileDate(int i) const {
     const Listed_Entry *entry = state_->entry(i);
     return entry ? entry->date() : QDateTime();
@@ -183,7 +196,7 @@ QDateTime cUnzip::FileDate(int i) const {
 
 bool cUnzip::FileIsSafe(int i) const {
     const Listed_Entry *entry = state_->entry(i);
-    return entry && entry->folder_safe && Is_safe_name_part(entry->file);
+    return entry && state_->list.folder_is_safe(*entry) && Is_safe_name_part(state_->list.file(*entry));
 }
 
 bool cUnzip::FileSelected(int i) const {
@@ -199,28 +212,28 @@ void cUnzip::FileSelected(int i, bool selected) {
 /// Refuses before anything is written what could not be written in the end.
 Fault cUnzip::Check_selected() const {
     const QString archive = Name_of_path(ZipFile);
-    for (const Listed_Entry &entry : state_->list.entries) {
+    const Entry_List &list = state_->list;
+    for (const Listed_Entry &entry : list.entries) {
         if (!entry.selected)
             continue;
-        if ((UseFolderNames && !entry.folder_safe) || !Is_safe_name_part(entry.file))
-            return {
-                Fault_Kind::outside,
-                QString("\"%1\" in \"%2\" is not a name that can be unzipped.").arg(entry.name(), archive)};
+        if ((UseFolderNames && !list.folder_is_safe(entry)) || !Is_safe_name_part(list.file(entry)))
+            return {Fault_Kind::outside, QString("\"%1\" in \"%2\" is not a name that can be unzipped.")
+                                             .arg(list.name(entry), archive)};
         if (entry.encrypted)
             return {Fault_Kind::damaged,
-                    QString("\"%1\" in \"%2\" is encrypted.").arg(entry.name(), archive)};
+                    QString("\"%1\" in \"%2\" is encrypted.").arg(list.name(entry), archive)};
     }
     if (const Fault fault = Open_archive())
         return fault;
-    for (const Listed_Entry &entry : state_->list.entries) {
+    for (const Listed_Entry &entry : list.entries) {
         if (!entry.selected)
             continue;
-        if (!Is_same_entry(state_->archive.get(), entry))
+        if (!Is_same_entry(state_->archive.get(), list, entry))
             return Has_changed(archive);
         if (!Is_method_known(state_->archive.get(), entry.index))
             return {Fault_Kind::not_available,
                     QString("\"%1\" in \"%2\" is packed by a method that Vantrosk does not know.")
-                        .arg(entry.name(), archive)};
+                        .arg(list.name(entry), archive)};
     }
     return {};
 }
@@ -234,8 +247,13 @@ Fault cUnzip::Unzip() {
     Target_Folder target(files_, UnzipFolder);
     if (const Fault fault = target.prepare())
         return fault;
-    Extraction run{state_->archive.get(), target,    UseFolderNames,
-                   OverwriteExisting,     SizeLimit, QByteArray(block_size, Qt::Uninitialized)};
+    Extraction run{state_->archive.get(),
+                   state_->list,
+                   target,
+                   UseFolderNames,
+                   OverwriteExisting,
+                   SizeLimit,
+                   QByteArray(block_size, Qt::Uninitialized)};
     for (const Listed_Entry &entry : state_->list.entries)
         if (entry.selected)
             if (const Fault fault = Extract_entry(run, entry, Progress))
@@ -249,13 +267,17 @@ Result<QByteArray> cUnzip::Read_entry(int i, qint64 limit) const {
         return {{},
                 {Fault_Kind::not_found,
                  QString("There is no entry %1 in \"%2\".").arg(i).arg(Name_of_path(ZipFile))}};
+    const Entry_List &list = state_->list;
     if (entry->encrypted)
-        return {{}, Fault_of_zip(ZIP_ER_NOPASSWD, entry->name())};
+        return {{}, Fault_of_zip(ZIP_ER_NOPASSWD, list.name(*entry))};
+    if (state_->plain.isOpen())
+        if (const auto content = Read_plain_entry(state_->plain, list, *entry, limit))
+            return {*content, {}};
     if (const Fault fault = Open_archive())
         return {{}, fault};
-    if (!Is_same_entry(state_->archive.get(), *entry))
+    if (!Is_same_entry(state_->archive.get(), list, *entry))
         return {{}, Has_changed(Name_of_path(ZipFile))};
-    Entry_Reader reader(state_->archive.get(), entry->index, entry->name(), entry->size);
+    Entry_Reader reader(state_->archive.get(), entry->index, list.name(*entry), entry->size);
     QByteArray content;
     QByteArray block(block_size, Qt::Uninitialized);
     while (content.size() < limit) {

@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 
+#include <QByteArrayView>
 #include <QDateTime>
 #include <QString>
 
@@ -38,12 +39,13 @@ public:
     /// Reads the central directory; afterwards every entry is selected. A zip that can not be read gives no
     /// entries and the reason.
     Fault Directory();
-    /// Lets go of the archive and its list. Until then, or the next `Directory`, a file that was unzipped
-    /// from stays open.
+    /// Lets go of the archive and its list. Until then, or the next `Directory`, the file stays open.
     void Close();
     QString Comment() const; ///< of the archive
     int FileCount() const;
-    QString Filename(int i) const;         ///< last part of the stored name
+    QString Filename(int i) const; ///< last part of the stored name
+    /// The same as the bytes that are stored, for a look at every entry; valid until the next `Directory`.
+    QByteArrayView StoredFilename(int i) const;
     QString FileDirectory(int i) const;    ///< folder of the stored name, empty at the root
     qint64 FileSize(int i) const;          ///< uncompressed bytes, as stored
     int FileCompressionRatio(int i) const; ///< percent saved, 0 to 100

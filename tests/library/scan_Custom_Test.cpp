@@ -114,4 +114,80 @@ TEST(Scan_Custom, A_built_in_list_forgets_the_custom_game) {
     EXPECT_EQ(world.program().SELECTED_GAME_TAB, "T2");
 }
 
+TEST(Scan_Custom, The_log_names_every_mission_file_whatever_the_case_of_its_extension) {
+    Scan_World world;
+    world.zips(
+        "one.zip",
+        {{"a.bsp", "b", {}}, {"b.BSP", "b", {}}, {"c.Map", "b", {}}, {"bsp", "b", {}}, {"xbsp", "b", {}}});
+    Archives_Request request = Quake_request(world);
+    request.custom_extensions = "BSP**map";
+    Get_archives(world.program(), request);
+    QStringList found;
+    for (const QString &line : world.log().split("\r\n"))
+        if (line.startsWith("found "))
+            found << line;
+    EXPECT_EQ(found,
+              QStringList({"found A.BSP Custom game Mission File", "found B.BSP Custom game Mission File",
+                           "found C.MAP Custom game Mission File"}));
+}
+
+TEST(Scan_Custom, Strings_of_the_dark_engine_mean_nothing_but_its_missions_decide_first) {
+    Scan_World world;
+    const QByteArray titles = "title_1: \"Running Interference\"\r\n";
+    world.zips("dark.zip", {{"miss20.mis", "m", {}},
+                            {"a.bsp", "b", {}},
+                            {"strings/titles.str", titles, {}},
+                            {"strings/missflag.str", "s", {}},
+                            {"readme.txt", "Title: Dark one\r\n", {}}});
+    world.zips("pack.zip", {{"x.pk4", "p", {}}, {"a.bsp", "b", {}}});
+    world.zips("three.zip", {{"x.ibt", "p", {}}, {"readme.txt", "Title: Three\r\n", {}}});
+    world.zips("f.zip", {{"x.mis", "p", {}}, {"readme.txt", "Title: Eff\r\n", {}}});
+    world.zips("quake.zip", {{"a.bsp", "b", {}}, {"readme.txt", "Title: Quake one\r\n", {}}});
+    Get_archives(world.program(), Quake_request(world));
+    const QStringList expected{"dark.zip|Dark one||SS2|0", "pack.zip|pack.zip||DOOM|0",
+                               "quake.zip|Quake one||Quake Game|0"};
+    QStringList records;
+    for (const QString &record : world.records())
+        records << record.section('|', 0, 4);
+    EXPECT_EQ(records, expected) << "neither map files of Thief 3 nor known zips count here";
+    EXPECT_EQ(world.listed(),
+              QStringList({"Original", "dark.zip", "f.zip", "pack.zip", "quake.zip", "three.zip"}));
+}
+
+TEST(Scan_Custom, A_game_that_a_readme_names_is_taken_as_in_other_lists) {
+    Scan_World world;
+    world.zips("two.zip", {{"a.bsp", "b", {}}, {"readme.txt", "Title: Two\r\nGame: Thief 2\r\n", {}}});
+    world.zips("own.zip", {{"a.bsp", "b", {}}, {"readme.txt", "Title: Own\r\nGame: quake game\r\n", {}}});
+    world.zips("mark.zip",
+               {{"a.bsp", "b", {}}, {"readme.txt", "Title: Mark\r\nGame: CUSTOM - Quake Game\r\n", {}}});
+    Get_archives(world.program(), Quake_request(world));
+    QStringList games;
+    for (const QString &record : world.records())
+        games << record.section('|', 0, 0) + " " + record.section('|', 3, 3);
+    EXPECT_EQ(games, QStringList({"mark.zip Quake Game", "own.zip Quake Game", "two.zip T2"}));
+}
+
+TEST(Scan_Custom, Its_statistics_stand_under_its_name_and_its_categories_hide_all) {
+    Scan_World world;
+    world.zips("one.zip", {{"a.bsp", "b", {}}, {"readme.txt", "Title: One\r\n", {}}});
+    Archives_Request request = Quake_request(world);
+    request.filter = 31;
+    Get_archives(world.program(), request);
+    EXPECT_EQ(world.listed(), QStringList({"Original"}));
+    const Recordset rows = db_Query(world.program(), "select * from table_game_info");
+    ASSERT_EQ(rows.size(), 1);
+    EXPECT_EQ(rows.text(0, "game_name"), "Quake Game");
+    EXPECT_EQ(rows.text(0, "list_number"), "7");
+    EXPECT_EQ(rows.text(0, "zip_count"), "1");
+    EXPECT_EQ(rows.text(0, "saves_count"), "0") << "it has no folder of saves";
+}
+
+TEST(Scan_Custom, The_caption_calls_a_list_of_others_so) {
+    Scan_World world;
+    Archives_Request request = Quake_request(world);
+    request.custom_name = "TOTHER games";
+    Get_archives(world.program(), request);
+    EXPECT_EQ(world.found().caption, "Vantrosk (1.4194 - 3-March-09) - Found 0 (OTHER games) FMs ");
+}
+
 } // namespace vantrosk

@@ -211,11 +211,28 @@ TEST(Scan_Games, Titles_of_the_original_missions_give_the_game_away) {
 
 TEST(Scan_Games, The_report_tells_how_the_game_was_found) {
     Scan_World world("SS2");
-    Add_mission(world, "x.zip", {{"miss20.mis", "m", {}}, {"strings/titles.str", thief_2_titles, {}}});
+    const std::vector<std::pair<QString, QByteArray>> titles{
+        {"a.zip", "Running Interference"}, {"b.zip", "Song of the Caverns"}, {"c.zip", "Keeper's training"}};
+    for (const auto &[zip, title] : titles)
+        Add_mission(world, zip, {{"miss20.mis", "m", {}}, {"titles.str", "x: \"" + title + "\"\r\n", {}}});
     world.scan();
+    const QString note = "Game details not found in Readme, Titles.str file for ";
     EXPECT_EQ(world.found().wrong_folder,
-              QStringList({"x.zip - Found to be for the game [T2] - Game details not found in Readme, "
-                           "Titles.str file for Thief 2"}));
+              QStringList({"a.zip - Found to be for the game [T2] - " + note + "Thief 2",
+                           "b.zip - Found to be for the game [TG] - " + note + "Thief Gold",
+                           "c.zip - Found to be for the game [T1] - " + note + "Thief 1"}));
+}
+
+TEST(Scan_Games, Titles_give_a_name_only_to_a_mission_without_one) {
+    Scan_World world;
+    const QByteArray titles = "a: \"Ambush!\"\r\nb: \"The \"Inner\" Name\r\n\r\nc: \"Later\"\r\n\r\n";
+    Add_mission(world, "bare.zip", {{"miss20.mis", "m", {}}, {"titles.str", titles, {}}});
+    Add_mission(world, "named.zip", {{"miss20.mis", "m", {}}, {"titles.str", titles, {}}},
+                "Title: Named\r\n");
+    world.scan();
+    EXPECT_EQ(world.cell("bare.zip", col_name), "The Inner Name");
+    EXPECT_EQ(world.cell("named.zip", col_name), "Named");
+    EXPECT_EQ(world.game_of("named.zip"), "T2");
 }
 
 TEST(Scan_Games, Titles_correct_a_readme_that_says_thief_1_but_no_other) {

@@ -301,7 +301,7 @@ TEST_F(Unzip_Writing, An_archive_that_goes_away_or_changes_after_its_listing_is_
     ASSERT_FALSE(unzip.Directory());
     QFile::remove(world.native("m.zip"));
     EXPECT_EQ(unzip.Unzip().kind, Fault_Kind::not_found);
-    EXPECT_EQ(unzip.Read_entry(1, 10).fault.kind, Fault_Kind::not_found);
+    EXPECT_EQ(unzip.Read_entry(1, 10).value, "1") << "the file is held open since its listing";
     const std::vector<Raw_Entry> others[] = {
         {{"a", "1"}}, {{"a", "1"}, {"c", "2"}}, {{"a", "1"}, {"b", "22"}}, {{"a", "1"}, {"b/", ""}}};
     for (const std::vector<Raw_Entry> &other : others) {

@@ -42,6 +42,14 @@ QString Prepared_line(const QString &line) {
     return prepared.trimmed();
 }
 
+QChar First_character(QStringView line) {
+    for (const QChar character : line) {
+        if (!character.isSpace() && character != u'"')
+            return character;
+    }
+    return {};
+}
+
 QString Behind_first(const QString &line, QChar mark) {
     return line.mid(line.indexOf(mark) + 1);
 }

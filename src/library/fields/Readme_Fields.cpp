@@ -88,14 +88,21 @@ constexpr std::array<Field_Rule, 14> game_rules{{
     {R"(^A [Ff]an [Mm]ission [Ff]or (\s){0,50})", Cut::colon},
 }};
 
-/// The rules of one table with their patterns made.
-template<std::size_t Count>
-std::vector<Field_Pattern> Make_patterns(const std::array<Field_Rule, Count> &rules) {
+/// The patterns of one table.
+struct Made_Patterns {
     std::vector<Field_Pattern> patterns;
-    patterns.reserve(Count);
-    for (const Field_Rule &rule : rules)
-        patterns.emplace_back(QString::fromUtf8(rule.pattern));
-    return patterns;
+    QString first_letters; ///< of all of them: most lines of a readme begin with none of these
+};
+
+template<std::size_t Count>
+Made_Patterns Make_patterns(const std::array<Field_Rule, Count> &rules) {
+    Made_Patterns made;
+    made.patterns.reserve(Count);
+    for (const Field_Rule &rule : rules) {
+        made.patterns.emplace_back(QString::fromUtf8(rule.pattern));
+        made.first_letters += made.patterns.back().first_letters();
+    }
+    return made;
 }
 
 QString Cut_value(const QString &line, const Field_Rule &rule) {
@@ -129,12 +136,12 @@ bool Rule_applies(const Field_Rule &rule, const QString &line) {
 
 template<std::size_t Count>
 QString First_value(const QString &line, const std::array<Field_Rule, Count> &rules,
-                    const std::vector<Field_Pattern> &patterns) {
-    const QString prepared = Prepared_line(line);
-    if (prepared.isEmpty())
+                    const Made_Patterns &made) {
+    if (!made.first_letters.contains(First_character(line)))
         return {};
+    const QString prepared = Prepared_line(line);
     for (std::size_t i = 0; i < Count; ++i) {
-        if (!Rule_applies(rules[i], prepared) || !patterns[i].matches(prepared))
+        if (!Rule_applies(rules[i], prepared) || !made.patterns[i].matches(prepared))
             continue;
         QString value = Cut_value(prepared, rules[i]);
         if (!value.isEmpty())
@@ -165,17 +172,17 @@ bool Holds(const QString &line, const char *tag) {
 } // namespace
 
 QString Title_of_line(const QString &line) {
-    static const std::vector<Field_Pattern> patterns = Make_patterns(title_rules);
+    static const Made_Patterns patterns = Make_patterns(title_rules);
     return First_value(line, title_rules, patterns);
 }
 
 QString Author_of_line(const QString &line) {
-    static const std::vector<Field_Pattern> patterns = Make_patterns(author_rules);
+    static const Made_Patterns patterns = Make_patterns(author_rules);
     return First_value(line, author_rules, patterns);
 }
 
 QString Game_of_line(const QString &line) {
-    static const std::vector<Field_Pattern> patterns = Make_patterns(game_rules);
+    static const Made_Patterns patterns = Make_patterns(game_rules);
     return First_value(line, game_rules, patterns);
 }
 
