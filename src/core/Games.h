@@ -29,10 +29,10 @@ const Game *Find_Game(const QString &code);
 
 /// The folder that is configured for an active game's code; DOOM shares that of DMOD. Empty when not set up.
 QString Game_Folder(const Main_Ini &ini, const QString &code);
-/// The folders that a game's list is filled from: its own, then those of mixed games, each once. They end in
-/// no
-/// "\\".
-QStringList Fm_Folders(const Main_Ini &ini, const Game &game);
+/// The folders that hold a game's zips: its own, then those of mixed games, each once, however it is
+/// written there. Separators are "\", and none stands at the end. What an empty entry in either list does
+/// is the caller's to say.
+QStringList Fm_Folders(const Main_Ini &ini, const Game &game, Empty_Entry empty);
 /// What the details panel calls a game: "Thief The Metal Age"; empty for an unknown code.
 QString Game_Text(const QString &code);
 

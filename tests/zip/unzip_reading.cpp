@@ -39,6 +39,10 @@ protected:
 };
 
 TEST_F(Unzip_Reading, Stored_and_packed_entries_of_any_length_are_read_whole) {
+    Raw_Entry packed_empty{"packed_empty", QByteArray("\x03\x00", 2)};
+    packed_empty.size = 0;
+    packed_empty.crc = 0;
+    packed_empty.method = 8;
     list(Archive_bytes(
         {{"stored", text}, {"empty", ""}, Packed("packed", text), packed_empty, Packed("one", "1")}));
     const QByteArray contents[] = {text, "", text, "", "1"};
@@ -80,10 +84,6 @@ TEST_F(Unzip_Reading, A_header_that_says_other_than_the_directory_is_left_to_the
     other_name.replace(30, 5, "b.txt");
     list(other_name);
     EXPECT_EQ(unzip.Read_entry(1, 1 << 20).value, text) << "the directory is what counts";
-    QByteArray no_header = good;
-    no_header[0] = 'X';
-    list(no_header);
-    EXPECT_FALSE(unzip.Read_entry(1, 1 << 20).ok());
 }
 
 TEST_F(Unzip_Reading, Names_are_given_as_they_are_stored) {

@@ -274,12 +274,12 @@ TEST_F(Unzip_Writing, An_encrypted_entry_is_damaged_before_anything_is_written) 
     EXPECT_EQ(world.snapshot("out"), (Snapshot{{"a.txt", "1"}}));
 }
 
-TEST_F(Unzip_Writing, A_way_of_packing_that_is_not_known_is_damaged) {
+TEST_F(Unzip_Writing, A_way_of_packing_that_is_not_known_is_told_before_anything_is_written) {
     Raw_Entry odd{"a.txt", "12345"};
     odd.method = 6;
     const Fault fault = extract({odd});
-    EXPECT_EQ(fault.kind, Fault_Kind::damaged);
-    EXPECT_EQ(fault.text, "\"a.txt\" is packed in a way that is not known here.");
+    EXPECT_EQ(fault.kind, Fault_Kind::not_available);
+    EXPECT_EQ(fault.text, "\"a.txt\" in \"m.zip\" is packed by a method that Vantrosk does not know.");
 }
 
 TEST_F(Unzip_Writing, Nothing_is_left_of_a_killed_run_after_the_next_one) {
