@@ -38,15 +38,6 @@ int Group_picture(int people) {
     return people > 1 ? 3 : 4;
 }
 
-/// The records that a list takes: some lists show the missions of a second game.
-QString Game_condition(const QString &key) {
-    if (key == QLatin1String("T1") || key == QLatin1String("TG"))
-        return " and (game = 'T1' or game = 'TG')";
-    if (key == QLatin1String("DMOD"))
-        return " and (game = " + In_single_quotes(key) + " or game = 'DOOM')";
-    return " and game = " + In_single_quotes(key);
-}
-
 QString Condition(const Info_Run &run) {
     return " WHERE zip_name = " + In_double_quotes(run.zip_name) +
            " and game = " + In_single_quotes(run.record_game);
@@ -97,6 +88,14 @@ void Mend_name(Program &program, const Info_Run &run) {
 }
 
 } // namespace
+
+QString Game_condition(const QString &key) {
+    if (key == QLatin1String("T1") || key == QLatin1String("TG"))
+        return " and (game = 'T1' or game = 'TG')";
+    if (key == QLatin1String("DMOD"))
+        return " and (game = " + In_single_quotes(key) + " or game = 'DOOM')";
+    return " and game = " + In_single_quotes(key);
+}
 
 void Read_Record(Program &program, Info_Run &run) {
     const QString select = "SELECT * FROM Table_Scores WHERE zip_name = ";

@@ -59,6 +59,8 @@ void Get_VKML_Readme_info(Program &program, const QString &path);
 void Settle_Game(Program &program, const Info_Run &run);
 
 // Get_Info_Record.cpp
+/// The records that a list takes, as the end of a condition: some lists show the missions of a second game.
+QString Game_condition(const QString &key);
 void Read_Record(Program &program, Info_Run &run);
 /// Score, review and community fields of the record; mends a missing name.
 void Show_Record(Program &program, const Info_Run &run);

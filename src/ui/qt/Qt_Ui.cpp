@@ -146,8 +146,14 @@ void Qt_Ui::readme_tabs_changed() {
 }
 
 void Qt_Ui::navigate(Browser browser, const QString &page) {
-    if (window_ && browser == Browser::readme)
+    if (!window_)
+        return;
+    if (browser == Browser::readme)
         window_->readme->Show_page(page);
+    else if (browser == Browser::third)
+        window_->readme->Show_third_page(page);
+    else
+        window_->readme->Show_detached_page(page);
 }
 
 void Qt_Ui::show_notes(const QString &path) {

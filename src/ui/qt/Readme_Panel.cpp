@@ -1,23 +1,21 @@
 #include "Readme_Panel.h"
 
-#include "Readme_Fence.h"
+#include "Readme_Browser.h"
+#include "Readme_Reader.h"
+#include "Readme_Toolbar.h"
+#include "Readme_Window.h"
 
 #include "core/Program.h"
 
-#include <QHBoxLayout>
-#include <QKeyEvent>
+#include <QGuiApplication>
 #include <QLabel>
-#include <QLineEdit>
-#include <QShortcut>
+#include <QPushButton>
+#include <QScreen>
+#include <QSignalBlocker>
 #include <QStackedWidget>
+#include <QTabBar>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QWebEngineHistory>
-#include <QWebEngineProfile>
-#include <QWebEngineScript>
-#include <QWebEngineScriptCollection>
-#include <QWebEngineSettings>
-#include <QWebEngineView>
 
 #include <algorithm>
 
@@ -25,251 +23,273 @@ namespace vantrosk {
 
 namespace {
 
-constexpr int toolbar_height = 32, tool_icon = 18, page_text_size = 14;
-constexpr double smallest_text = 0.5, largest_text = 3.0, text_step = 0.1;
+constexpr int note_width = 420, gap = 12;
 
-/// A page may name a font that is not here; what is shown instead is the window's.
-void Set_fonts(QWebEngineSettings *settings, const QString &family) {
-    settings->setFontFamily(QWebEngineSettings::StandardFont, family);
-    settings->setFontFamily(QWebEngineSettings::SansSerifFont, family);
-    settings->setFontSize(QWebEngineSettings::DefaultFontSize, page_text_size);
+/// What stands at a place while nothing has been put there.
+struct Place_Sentence {
+    const char *key;
+    const char *sentence;
+};
+constexpr Place_Sentence place_sentences[] = {
+    {"Competition", "The form that this mission brings is not in this version yet."},
+    {"Quillmarch", "Reviews are not in this version yet."},
+    {"MP_OPTIONS", "Multi-player options are not in this version yet."},
+};
+
+const char *const one_screen = "A readme is detached to a second screen; "
+                               "[DUALMONITOR_ALYWAYSON] in the tweaks allows it on this one too.";
+
+QLabel *Sentence(const QString &text) {
+    auto *label = new QLabel(text);
+    label->setProperty("kind", QStringLiteral("second"));
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    return label;
 }
 
-/// The page's room and scroll bars in the manner of the window. It runs apart from the page's own world,
-/// where scripts are off.
-QWebEngineScript Page_manner() {
-    QWebEngineScript script;
-    script.setName(QStringLiteral("manner"));
-    script.setInjectionPoint(QWebEngineScript::DocumentReady);
-    script.setWorldId(QWebEngineScript::ApplicationWorld);
-    script.setSourceCode(
-        QStringLiteral("var sheet = document.createElement('style');"
-                       "sheet.textContent = 'body{padding:14px 22px 24px;line-height:1.4}"
-                       ":where(a:link){color:#2546c4}"
-                       "::-webkit-scrollbar{width:12px;height:12px;background:transparent}"
-                       "::-webkit-scrollbar-thumb{background:#d5d9e4;border-radius:6px;border:2px solid #fff}"
-                       "::-webkit-scrollbar-thumb:hover{background:#8f97a8}';"
-                       "(document.head || document.documentElement).appendChild(sheet);"));
-    return script;
+bool Is_blank(const QString &page) {
+    return page.isEmpty() || page.compare(QLatin1String("about:blank"), Qt::CaseInsensitive) == 0;
 }
-
-const char *const nothing_selected = "Select a mission in the list to read what its author wrote.";
-const char *const no_readme = "This mission brings no readme.";
-const char *const originals = "The game's own missions bring no readme.";
 
 } // namespace
 
-Readme_Panel::Readme_Panel(const Program &program, const Theme &theme, QWidget *parent)
-    : QWidget(parent), program_(program), theme_(theme), folders_(std::make_unique<Readme_Folders>()),
-      stack_(new QStackedWidget), empty_(new QLabel) {
+Readme_Panel::Readme_Panel(Program &program, const Theme &theme, QWidget *parent)
+    : QWidget(parent), program_(program), theme_(theme), places_(new QStackedWidget),
+      home_(new QStackedWidget), reader_(new Readme_Reader(program, theme)) {
     setObjectName(QStringLiteral("readme_panel"));
     setAttribute(Qt::WA_StyledBackground);
-    empty_->setObjectName(QStringLiteral("readme_empty"));
-    empty_->setProperty("kind", QStringLiteral("second"));
-    empty_->setAlignment(Qt::AlignCenter);
-    empty_->setWordWrap(true);
-    stack_->addWidget(empty_);
-    folders_->find_spelling = [this](const QString &path) {
-        return program_.files.to_native(program_.files.to_windows(path));
-    };
+    home_->addWidget(reader_);
+    home_->addWidget(Make_detached_note());
+    places_->addWidget(home_);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(Make_toolbar());
-    column->addWidget(stack_, 1);
-    Show_empty();
+    column->addWidget(places_);
+    connect(reader_->browser, &Readme_Browser::Link_clicked, this, &Readme_Panel::Link_clicked);
+    connect(reader_->browser, &Readme_Browser::Page_shown, this, &Readme_Panel::Page_shown);
+    connect(reader_->browser, &Readme_Browser::Pdf_saved, this, &Readme_Panel::Pdf_saved);
+    connect(reader_->toolbar, &Readme_Toolbar::Link_open_wanted, this,
+            [this](const QString &address) { Q_EMIT Link_clicked(QUrl(address)); });
+    connect(reader_->toolbar, &Readme_Toolbar::Link_change_wanted, this, &Readme_Panel::Link_change_wanted);
+    connect(reader_->toolbar, &Readme_Toolbar::Buttons_changed, this, &Readme_Panel::Toolbar_changed);
+    connect(reader_, &Readme_Reader::Detach_wanted, this, [this] { is_detached() ? Re_attach() : Detach(); });
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &Readme_Panel::Refresh_detach);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &Readme_Panel::Refresh_detach);
+    Refresh_detach();
 }
 
+/// The window takes the reader along when it goes.
 Readme_Panel::~Readme_Panel() = default;
 
-QToolButton *Readme_Panel::Make_tool(const QString &name, const QString &text, const QString &tip,
-                                     const QString &shortcut, const QString &icon) {
-    auto *tool = new QToolButton;
-    tool->setObjectName(name);
-    tool->setText(text);
-    tool->setAccessibleName(text);
-    tool->setIcon(Line_icon(icon, QColor(ink::text), QColor(ink::text_faint)));
-    tool->setIconSize({tool_icon, tool_icon});
-    tool->setFocusPolicy(Qt::StrongFocus);
-    const QKeySequence keys(shortcut);
-    tool->setToolTip(QStringLiteral("%1 (%2)").arg(tip, keys.toString(QKeySequence::NativeText)));
-    tool->setShortcut(keys);
-    return tool;
+QWidget *Readme_Panel::Make_detached_note() {
+    auto *note = new QWidget;
+    note->setObjectName(QStringLiteral("readme_detached_note"));
+    auto *text = Sentence(QStringLiteral("The readme is in a window of its own."));
+    text->setMaximumWidth(note_width);
+    auto *attach = new QPushButton(QStringLiteral("&Re-attach FM Readme"));
+    attach->setObjectName(QStringLiteral("readme_attach"));
+    attach->setAccessibleName(QStringLiteral("Re-attach FM Readme"));
+    attach->setToolTip(QStringLiteral("Brings the readme back into the main window"));
+    auto *column = new QVBoxLayout(note);
+    column->setSpacing(gap);
+    column->addStretch();
+    column->addWidget(text, 0, Qt::AlignHCenter);
+    column->addWidget(attach, 0, Qt::AlignHCenter);
+    column->addStretch();
+    connect(attach, &QPushButton::clicked, this, &Readme_Panel::Re_attach);
+    return note;
 }
 
-QWidget *Readme_Panel::Make_toolbar() {
-    auto *toolbar = new QWidget;
-    toolbar->setObjectName(QStringLiteral("readme_toolbar"));
-    toolbar->setAttribute(Qt::WA_StyledBackground);
-    toolbar->setFixedHeight(toolbar_height);
-    back_ = Make_tool(QStringLiteral("readme_back"), QStringLiteral("Back"),
-                      QStringLiteral("Back to the page before"), QStringLiteral("Alt+Left"),
-                      QStringLiteral("back"));
-    back_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    find_ = Make_tool(QStringLiteral("readme_find"), QStringLiteral("Find"),
-                      QStringLiteral("Finds words in the readme"), QStringLiteral("Ctrl+Shift+F"),
-                      QStringLiteral("search"));
-    find_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    smaller_ =
-        Make_tool(QStringLiteral("readme_text_smaller"), QStringLiteral("Smaller text"),
-                  QStringLiteral("Smaller text"), QStringLiteral("Ctrl+-"), QStringLiteral("text_smaller"));
-    larger_ =
-        Make_tool(QStringLiteral("readme_text_larger"), QStringLiteral("Larger text"),
-                  QStringLiteral("Larger text"), QStringLiteral("Ctrl++"), QStringLiteral("text_larger"));
-    find_text_ = new QLineEdit;
-    find_text_->setObjectName(QStringLiteral("find_in_readme"));
-    find_text_->setAccessibleName(QStringLiteral("Find in readme"));
-    find_text_->setPlaceholderText(QStringLiteral("Find in readme"));
-    find_text_->setToolTip(QStringLiteral("Enter finds the next place, Shift+Enter the one before, Escape "
-                                          "closes"));
-    find_text_->hide();
+// Tabs.
 
-    auto *row = new QHBoxLayout(toolbar);
-    row->setContentsMargins(8, 0, 8, 0);
-    row->setSpacing(4);
-    row->addWidget(back_);
-    row->addWidget(find_);
-    row->addWidget(smaller_);
-    row->addWidget(larger_);
-    row->addWidget(find_text_);
-    row->addStretch();
-
-    connect(back_, &QToolButton::clicked, this, &Readme_Panel::Go_back);
-    connect(find_, &QToolButton::clicked, this, &Readme_Panel::Open_find);
-    connect(smaller_, &QToolButton::clicked, this, [this] { Change_text_size(-1); });
-    connect(larger_, &QToolButton::clicked, this, [this] { Change_text_size(1); });
-    connect(find_text_, &QLineEdit::textEdited, this, [this] { Find_text(false); });
-    connect(find_text_, &QLineEdit::returnPressed, this, [this] { Find_text(false); });
-    auto *backwards = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_Return), find_text_, nullptr, nullptr,
-                                    Qt::WidgetShortcut);
-    connect(backwards, &QShortcut::activated, this, [this] { Find_text(true); });
-    auto *close =
-        new QShortcut(QKeySequence(Qt::Key_Escape), find_text_, nullptr, nullptr, Qt::WidgetShortcut);
-    connect(close, &QShortcut::activated, this, &Readme_Panel::Close_find);
-    return toolbar;
+void Readme_Panel::Use_tabs(QTabBar *tabs) {
+    tabs_ = tabs;
+    connect(tabs_, &QTabBar::currentChanged, this, &Readme_Panel::Show_tab);
+    Refresh_tabs();
 }
 
-void Readme_Panel::Make_view() {
-    // A profile without a name keeps nothing on the disk.
-    auto *profile = new QWebEngineProfile(this);
-    profile->setHttpCacheType(QWebEngineProfile::NoCache);
-    profile->setUrlRequestInterceptor(new Readme_Request_Fence(*folders_, profile));
-    view_ = new QWebEngineView;
-    view_->setObjectName(QStringLiteral("readme_view"));
-    view_->setAccessibleName(QStringLiteral("Readme of the mission"));
-    view_->setContextMenuPolicy(Qt::NoContextMenu);
-    page_ = new Readme_Page(profile, *folders_, view_);
-    view_->setPage(page_);
-    Set_fonts(page_->settings(), theme_.text.family());
-    page_->scripts().insert(Page_manner());
-    stack_->addWidget(view_);
-    Change_text_size(0);
-    connect(page_, &Readme_Page::Link_clicked, this, &Readme_Panel::Link_clicked);
-    connect(view_, &QWebEngineView::loadFinished, this, [this](bool ok) {
-        loading_ = false;
-        if (is_new_page_)
-            view_->history()->clear();
-        is_new_page_ = false;
-        Refresh_tools();
-        Q_EMIT Page_shown(ok);
-    });
-    Refresh_tools();
+/// A tab that stays keeps its place; where the chosen one goes the readme takes over.
+void Readme_Panel::Refresh_tabs() {
+    if (!tabs_)
+        return;
+    const std::vector<Readme_Tab> &wanted = program_.screen.readme_tabs;
+    const auto find = [&wanted](const QString &key) {
+        return std::find_if(wanted.begin(), wanted.end(),
+                            [&key](const Readme_Tab &tab) { return tab.key == key; });
+    };
+    for (int i = tabs_->count() - 1; i > 0; --i) {
+        if (find(tabs_->tabData(i).toString()) != wanted.end())
+            continue;
+        if (tabs_->currentIndex() == i)
+            tabs_->setCurrentIndex(0);
+        tabs_->removeTab(i);
+    }
+    for (int i = 0; i < int(wanted.size()); ++i) {
+        const Readme_Tab &tab = wanted[static_cast<std::size_t>(i)];
+        int at = 1;
+        while (at < tabs_->count() && tabs_->tabData(at).toString() != tab.key)
+            ++at;
+        if (at == tabs_->count())
+            at = tabs_->insertTab(std::min(i + 1, tabs_->count()), QString());
+        tabs_->setTabData(at, tab.key);
+        tabs_->setTabText(at, QString(tab.caption).replace(u'&', QStringLiteral("&&")));
+        tabs_->setTabToolTip(at, tab.caption.toHtmlEscaped());
+        tabs_->setAccessibleTabName(at, tab.caption);
+    }
+    Show_tab(tabs_->currentIndex());
 }
+
+void Readme_Panel::Set_place(const QString &key, QWidget *place) {
+    if (const auto old = place_of_key_.find(key); old != place_of_key_.end() && old->second != place)
+        old->second->deleteLater();
+    place_of_key_[key] = place;
+    places_->addWidget(place);
+    if (tabs_)
+        Show_tab(tabs_->currentIndex());
+}
+
+QWidget *Readme_Panel::Place_of(const QString &key) {
+    const bool shared = key == QLatin1String("Competition") || key == QLatin1String("Quillmarch");
+    if (const auto place = place_of_key_.find(key); place != place_of_key_.end())
+        return place->second;
+    if (shared && third_ && third_->has_page())
+        return third_;
+    QString text;
+    for (const Place_Sentence &row : place_sentences)
+        if (key == QLatin1String(row.key))
+            text = QLatin1String(row.sentence);
+    QLabel *sentence = Sentence(text);
+    sentence->setObjectName(QStringLiteral("place_") + key);
+    if (!shared)
+        place_of_key_[key] = sentence;
+    else if (auto *before = places_->findChild<QLabel *>(sentence->objectName()))
+        before->deleteLater();
+    places_->addWidget(sentence);
+    return sentence;
+}
+
+void Readme_Panel::Show_tab(int index) {
+    places_->setCurrentWidget(index > 0 ? Place_of(tabs_->tabData(index).toString()) : home_);
+}
+
+// Pages.
 
 void Readme_Panel::Show_page(const QString &page) {
-    Close_find();
-    const bool blank = page.isEmpty() || page.compare(QLatin1String("about:blank"), Qt::CaseInsensitive) == 0;
-    const QString path = blank ? QString() : program_.files.to_native(page);
-    if (path.isEmpty() || !program_.files.look(page))
-        return Show_empty();
-    const int name_length = page.size() - 1 - page.lastIndexOf(u'\\');
-    folders_->Set({program_.files.to_native(page.chopped(name_length)),
-                   program_.files.to_native(program_.paths.info),
-                   program_.files.to_native(program_.paths.AppPath + QStringLiteral("\\HTMLImages\\")),
-                   program_.files.to_native(program_.paths.custom_game_images)});
-    if (!view_)
-        Make_view();
-    stack_->setCurrentWidget(view_);
-    loading_ = is_new_page_ = true;
-    view_->load(QUrl::fromLocalFile(path));
-    Refresh_tools();
+    reader_->Show_page(page);
+}
+
+void Readme_Panel::Show_detached_page(const QString &page) {
+    const QString shown =
+        reader_->browser->has_page() ? program_.screen.readme_page : QStringLiteral("about:blank");
+    if (is_detached() && page != shown)
+        reader_->Show_page(page);
+}
+
+void Readme_Panel::Show_third_page(const QString &page) {
+    if (Is_blank(page) && !third_)
+        return;
+    if (!third_) {
+        third_ = new Readme_Browser(program_, theme_, QStringLiteral("third"));
+        connect(third_, &Readme_Browser::Link_clicked, this, &Readme_Panel::Link_clicked);
+        connect(third_, &Readme_Browser::Pdf_saved, this, &Readme_Panel::Pdf_saved);
+        places_->addWidget(third_);
+    }
+    if (Is_blank(page))
+        third_->Blank();
+    else
+        third_->Show_page(page);
+    if (tabs_)
+        Show_tab(tabs_->currentIndex());
+}
+
+void Readme_Panel::Show_address(const QUrl &address) {
+    reader_->Show_address(address);
 }
 
 void Readme_Panel::Refresh_empty() {
-    const bool is_original = program_.FM_PANEL.startsWith(QLatin1String("Original"), Qt::CaseInsensitive);
-    const char *text = is_original ? originals : no_readme;
-    empty_->setText(QLatin1String(program_.screen.no_mission_selected ? nothing_selected : text));
+    reader_->Refresh();
+    const QString name = program_.screen.details.name;
+    if (window_)
+        window_->setWindowTitle(name.isEmpty() ? QStringLiteral("FM Readme")
+                                               : QStringLiteral("FM Readme - ") + name);
 }
 
-void Readme_Panel::Show_empty() {
+void Readme_Panel::Lay_out_toolbar() {
+    reader_->toolbar->Lay_out();
+    Refresh_detach();
+}
+
+// The window of its own.
+
+bool Readme_Panel::can_detach() const {
+    return QGuiApplication::screens().size() > 1 || program_.tweaks.DUALMONITOR_ALYWAYSON;
+}
+
+void Readme_Panel::Refresh_detach() {
+    const bool possible = is_detached() || can_detach();
+    reader_->toolbar->Show_detached(is_detached(), possible ? QString() : QLatin1String(one_screen));
+}
+
+void Readme_Panel::Detach() {
+    if (is_detached() || !can_detach())
+        return;
+    window_ = std::make_unique<Readme_Window>();
+    connect(window_.get(), &Readme_Window::Closed, this, &Readme_Panel::Re_attach);
+    connect(window_.get(), &Readme_Window::Find_wanted, this, &Readme_Panel::Open_find);
+    window_->Take(reader_, this);
+    reader_->show();
+    home_->setCurrentIndex(home_->count() - 1);
+    Refresh_detach();
     Refresh_empty();
-    stack_->setCurrentWidget(empty_);
-    if (view_) {
-        view_->load(QUrl(QStringLiteral("about:blank")));
-        view_->history()->clear();
-    }
-    loading_ = false;
-    Refresh_tools();
 }
 
-bool Readme_Panel::shows_a_page() const {
-    return view_ && stack_->currentWidget() == view_;
+/// The reader comes back with the page that it shows, wherever one has read on to.
+void Readme_Panel::Re_attach() {
+    if (!is_detached())
+        return;
+    home_->insertWidget(0, reader_);
+    home_->setCurrentIndex(0);
+    window_->hide();
+    window_.release()->deleteLater();
+    Refresh_detach();
+    Take_focus();
 }
 
-/// Tabs beyond the readme come with the procedures that fill them.
-void Readme_Panel::Refresh_tabs() {
-    Refresh_tools();
-}
+// What the window's keys and menus ask for.
 
-void Readme_Panel::Refresh_tools() {
-    const bool page = shows_a_page();
-    back_->setEnabled(page && view_->history()->canGoBack());
-    find_->setEnabled(page);
-    smaller_->setEnabled(page && text_size_ > smallest_text);
-    larger_->setEnabled(page && text_size_ < largest_text);
-}
-
-void Readme_Panel::Go_back() {
-    if (shows_a_page())
-        view_->back();
-}
-
-void Readme_Panel::Take_focus() {
-    if (shows_a_page())
-        view_->setFocus(Qt::ShortcutFocusReason);
+void Readme_Panel::Open_find() {
+    reader_->browser->Open_find();
 }
 
 void Readme_Panel::Change_text_size(int steps) {
-    text_size_ = std::clamp(text_size_ + steps * text_step, smallest_text, largest_text);
-    if (view_)
-        view_->setZoomFactor(text_size_);
-    Refresh_tools();
+    reader_->browser->Change_text_size(steps);
 }
 
-void Readme_Panel::Open_find() {
-    if (!shows_a_page())
-        return;
-    find_text_->show();
-    find_text_->selectAll();
-    find_text_->setFocus(Qt::ShortcutFocusReason);
+void Readme_Panel::Go_back() {
+    reader_->browser->Go_back();
 }
 
-void Readme_Panel::Find_text(bool backwards) {
-    if (page_)
-        page_->findText(find_text_->text(),
-                        backwards ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
+void Readme_Panel::Take_focus() {
+    if (tabs_)
+        tabs_->setCurrentIndex(0);
+    if (is_detached())
+        window_->activateWindow();
+    reader_->browser->Take_focus();
 }
 
-void Readme_Panel::Close_find() {
-    if (find_text_->isHidden())
-        return;
-    if (page_)
-        page_->findText(QString());
-    const bool had_focus = find_text_->hasFocus();
-    find_text_->clear();
-    find_text_->hide();
-    if (had_focus && view_)
-        view_->setFocus();
+bool Readme_Panel::shows_a_page() const {
+    return reader_->browser->has_page();
+}
+
+bool Readme_Panel::is_loading() const {
+    return reader_->browser->is_loading();
+}
+
+double Readme_Panel::text_size() const {
+    return reader_->browser->text_size();
+}
+
+QWebEngineView *Readme_Panel::view() const {
+    return reader_->browser->view();
 }
 
 } // namespace vantrosk

@@ -2,72 +2,91 @@
 
 #include "Theme.h"
 
+#include "library/Mission_Links.h"
+
 #include <QUrl>
 #include <QWidget>
 
-class QLabel;
-class QLineEdit;
+#include <map>
+#include <memory>
+
 class QStackedWidget;
 class QTabBar;
-class QToolButton;
 class QWebEngineView;
 
 namespace vantrosk {
 
 struct Program;
-class Readme_Folders;
-class Readme_Page;
+class Readme_Browser;
+class Readme_Reader;
+class Readme_Window;
 
-/// What one reads: the readme in a browser behind a fence, with a toolbar of its own. The browser is made
-/// when the first page comes, for it costs more than the rest of the window.
+/// What one reads: the readme, which may go to a window of its own, and the places of the tabs beside it:
+/// review, feedback form, multi-player options.
 class Readme_Panel : public QWidget {
     Q_OBJECT
 
 public:
-    Readme_Panel(const Program &program, const Theme &theme, QWidget *parent);
+    Readme_Panel(Program &program, const Theme &theme, QWidget *parent);
     ~Readme_Panel() override;
+
+    /// The bar whose first tab is the readme; the others follow the screen's.
+    void Use_tabs(QTabBar *tabs);
+    void Refresh_tabs();
+    /// What stands at the place of a tab, by its key; the panel owns it.
+    void Set_place(const QString &key, QWidget *place);
 
     /// A Windows path or "about:blank"; anything else is refused.
     void Show_page(const QString &page);
-    void Refresh_tabs();
-    /// The sentence where there is no page.
+    /// The same for the detached window, which shows the one readme there is.
+    void Show_detached_page(const QString &page);
+    /// The same for the browser that review and form share.
+    void Show_third_page(const QString &page);
+    /// A page of the world that the user has configured; its links open in the user's own browser.
+    void Show_address(const QUrl &address);
+    /// The sentence where there is no page, and the links of the mission.
     void Refresh_empty();
+    /// The buttons of the FM Readme toolbar as the settings name them.
+    void Lay_out_toolbar();
+
+    bool can_detach() const;
+    bool is_detached() const { return window_ != nullptr; }
+    void Detach();
+    void Re_attach();
+
     void Open_find();
     void Change_text_size(int steps);
     void Go_back();
     void Take_focus();
 
     bool shows_a_page() const;
-    bool is_loading() const { return loading_; }
-    double text_size() const { return text_size_; }
-    QWebEngineView *view() const { return view_; } ///< null before the first page
+    bool is_loading() const;
+    double text_size() const;
+    QWebEngineView *view() const; ///< null before the first page
+    Readme_Reader *reader() const { return reader_; }
+    Readme_Browser *third() const { return third_; } ///< null before its first page
 
 Q_SIGNALS:
     void Link_clicked(const QUrl &address);
     void Page_shown(bool ok); ///< the page has been loaded, or could not be
+    void Link_change_wanted(Mission_Link link);
+    void Toolbar_changed();
+    void Pdf_saved(const QString &path, bool ok);
 
 private:
-    QWidget *Make_toolbar();
-    QToolButton *Make_tool(const QString &name, const QString &text, const QString &tip,
-                           const QString &shortcut, const QString &icon);
-    void Make_view();
-    void Find_text(bool backwards);
-    void Close_find();
-    void Refresh_tools();
-    void Show_empty();
+    QWidget *Make_detached_note();
+    QWidget *Place_of(const QString &key);
+    void Show_tab(int index);
+    void Refresh_detach();
 
-    const Program &program_;
+    Program &program_;
     Theme theme_;
-    std::unique_ptr<Readme_Folders> folders_;
-    QStackedWidget *stack_;
-    QLabel *empty_;
-    QWebEngineView *view_ = nullptr;
-    Readme_Page *page_ = nullptr;
-    QToolButton *back_, *find_, *smaller_, *larger_;
-    QLineEdit *find_text_;
-    double text_size_ = 1.0;
-    bool loading_ = false;
-    bool is_new_page_ = false; ///< "Back" does not lead to the mission before
+    QStackedWidget *places_, *home_;
+    Readme_Reader *reader_;
+    std::unique_ptr<Readme_Window> window_;
+    QTabBar *tabs_ = nullptr;
+    Readme_Browser *third_ = nullptr;
+    std::map<QString, QWidget *> place_of_key_;
 };
 
 } // namespace vantrosk

@@ -4,6 +4,7 @@
 #include "Demo_Tour.h"
 #include "Game_Toolbar.h"
 #include "Qt_Ui.h"
+#include "Readme_Panel.h"
 #include "Window_Commands.h"
 #include "frmMain.h"
 
@@ -116,6 +117,7 @@ int Run_window(Platform &platform, const Window_Options &options, const QString 
     std::unique_ptr<frmMain> window;
     Set_Later_Step(program, Later_Step::restore_window,
                    [&] { window = std::make_unique<frmMain>(program, ui); });
+    Set_Later_Step(program, Later_Step::lay_out_readme_toolbar, [&] { window->readme->Lay_out_toolbar(); });
     Set_Later_Step(program, Later_Step::show_window, [&] {
         window->Open();
         if (!options.size.isEmpty())

@@ -9,6 +9,7 @@
 #include "Game_Toolbar.h"
 #include "Message_Boxes.h"
 #include "Qt_Ui.h"
+#include "Readme_Actions.h"
 #include "Readme_Panel.h"
 #include "Set_Up_Game.h"
 #include "Status_Bar.h"
@@ -155,6 +156,7 @@ QWidget *frmMain::Make_lower_half() {
     details_tabs->Add(QStringLiteral("Finish_Score_Review"), QStringLiteral("Finish Score Review"), opinions);
     auto *left = details_tabs;
     auto *right = Make_side(QStringLiteral("readme_tabs"), QStringLiteral("Readme"), readme);
+    readme->Use_tabs(right->findChild<QTabBar *>(QStringLiteral("readme_tabs_bar")));
     left->setMinimumWidth(least_details_width);
     right->setMinimumWidth(least_readme_width);
     columns_->addWidget(left);
@@ -217,8 +219,7 @@ void frmMain::Connect_panels() {
     connect(details, &Details_Panel_View::Play_pressed, commands, &Window_Commands::Play);
     connect(details, &Details_Panel_View::Install_pressed, commands, &Window_Commands::Install);
     Connect_opinions();
-    connect(readme, &Readme_Panel::Link_clicked, this,
-            [this](const QUrl &address) { ui_.Open_link(address); });
+    new Readme_Actions(program_, ui_, *commands, *readme);
     connect(empty_state, &Empty_State::Demo_wanted, this, &frmMain::Make_demo);
     connect(empty_state, &Empty_State::Game_set_up, commands, &Window_Commands::Choose_game);
     connect(commands, &Window_Commands::Working_changed, this, &frmMain::Refresh_access);

@@ -1,0 +1,290 @@
+#include "Readme_Browser.h"
+
+#include "Readme_Fence.h"
+#include "Readme_Find_Bar.h"
+#include "Readme_Pictures.h"
+
+#include "core/Program.h"
+
+#include <QChildEvent>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QVBoxLayout>
+#include <QWebEngineHistory>
+#include <QWebEngineProfile>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
+#include <QWebEngineSettings>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace vantrosk {
+
+namespace {
+
+constexpr int page_text_size = 14, wheel_step = 120;
+constexpr double smallest_text = 0.5, largest_text = 3.0, text_step = 0.1;
+
+/// A page may name a font that is not here; what is shown instead is the window's.
+void Set_fonts(QWebEngineSettings *settings, const QString &family) {
+    settings->setFontFamily(QWebEngineSettings::StandardFont, family);
+    settings->setFontFamily(QWebEngineSettings::SansSerifFont, family);
+    settings->setFontSize(QWebEngineSettings::DefaultFontSize, page_text_size);
+}
+
+/// The page's room and scroll bars in the manner of the window. It runs apart from the page's own world,
+/// where scripts are off.
+QWebEngineScript Page_manner() {
+    QWebEngineScript script;
+    script.setName(QStringLiteral("manner"));
+    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setSourceCode(
+        QStringLiteral("var sheet = document.createElement('style');"
+                       "sheet.textContent = 'body{padding:14px 22px 24px;line-height:1.4}"
+                       ":where(a:link){color:#2546c4}"
+                       "img[src*=HTMLImages]{vertical-align:-2px}"
+                       "::-webkit-scrollbar{width:12px;height:12px;background:transparent}"
+                       "::-webkit-scrollbar-thumb{background:#d5d9e4;border-radius:6px;border:2px solid #fff}"
+                       "::-webkit-scrollbar-thumb:hover{background:#8f97a8}';"
+                       "(document.head || document.documentElement).appendChild(sheet);"));
+    return script;
+}
+
+} // namespace
+
+Readme_View::Readme_View(QWidget *parent) : QWebEngineView(parent) {}
+
+void Readme_View::contextMenuEvent(QContextMenuEvent *event) {
+    event->accept();
+    Q_EMIT Menu_wanted(event->globalPos());
+}
+
+/// What paints the page is a child that takes the wheel and the buttons itself.
+bool Readme_View::event(QEvent *event) {
+    if (event->type() == QEvent::ChildAdded)
+        static_cast<QChildEvent *>(event)->child()->installEventFilter(this);
+    return QWebEngineView::event(event);
+}
+
+bool Readme_View::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::Wheel) {
+        const auto *wheel = static_cast<QWheelEvent *>(event);
+        if (!(wheel->modifiers() & Qt::ControlModifier))
+            return QWebEngineView::eventFilter(watched, event);
+        wheel_rest_ += wheel->angleDelta().y();
+        if (const int steps = wheel_rest_ / wheel_step; steps != 0) {
+            wheel_rest_ -= steps * wheel_step;
+            Q_EMIT Wheel_turned(steps);
+        }
+        return true;
+    }
+    const bool button =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease;
+    if (!button)
+        return QWebEngineView::eventFilter(watched, event);
+    const Qt::MouseButton side = static_cast<QMouseEvent *>(event)->button();
+    if (side != Qt::BackButton && side != Qt::ForwardButton)
+        return QWebEngineView::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonPress)
+        Q_EMIT Side_button_pressed(side == Qt::BackButton);
+    return true;
+}
+
+Readme_Browser::Readme_Browser(Program &program, const Theme &theme, const QString &name, QWidget *parent)
+    : QWidget(parent), program_(program), theme_(theme), name_(name),
+      folders_(std::make_unique<Readme_Folders>()), find_bar_(new Readme_Find_Bar(nullptr)),
+      address_(new QLabel(this)) {
+    setObjectName(name + QStringLiteral("_browser"));
+    folders_->find_spelling = [this](const QString &path) {
+        return program_.files.to_native(program_.files.to_windows(path));
+    };
+    folders_->find_sharper = Sharp_picture_of;
+    address_->setObjectName(name + QStringLiteral("_address"));
+    address_->setProperty("kind", QStringLiteral("address"));
+    address_->setTextFormat(Qt::PlainText);
+    address_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    address_->hide();
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(find_bar_);
+    connect(find_bar_, &Readme_Find_Bar::Find_wanted, this, [this](const QString &text, bool backwards) {
+        if (page_)
+            page_->findText(text, backwards ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags());
+    });
+    connect(find_bar_, &Readme_Find_Bar::Closed, this, [this](bool had_focus) {
+        if (page_)
+            page_->findText(QString());
+        if (had_focus)
+            Take_focus();
+    });
+}
+
+Readme_Browser::~Readme_Browser() = default;
+
+void Readme_Browser::Make_view() {
+    Lay_out_sharp_pictures(program_);
+    view_ = new Readme_View(this);
+    view_->setObjectName(name_ + QStringLiteral("_view"));
+    view_->setAccessibleName(QStringLiteral("Readme of the mission"));
+    page_ = new Readme_Page(Make_fenced_profile(*folders_, this), *folders_, view_);
+    view_->setPage(page_);
+    Set_fonts(page_->settings(), theme_.text.family());
+    page_->scripts().insert(Page_manner());
+    layout()->addWidget(view_);
+    address_->raise();
+    connect(page_, &Readme_Page::Link_clicked, this, &Readme_Browser::Link_clicked);
+    connect(page_, &QWebEnginePage::linkHovered, this,
+            [this](const QString &link) { Show_address_of(QUrl(link)); });
+    connect(page_, &QWebEnginePage::findTextFinished, find_bar_, &Readme_Find_Bar::Show_places);
+    connect(page_, &QWebEnginePage::pdfPrintingFinished, this, &Readme_Browser::Pdf_saved);
+    connect(view_, &Readme_View::Wheel_turned, this, &Readme_Browser::Change_text_size);
+    connect(view_, &Readme_View::Side_button_pressed, this,
+            [this](bool back) { back ? Go_back() : Go_forward(); });
+    connect(view_, &Readme_View::Menu_wanted, this, [this](const QPoint &at) { Make_menu()->exec(at); });
+    connect(view_, &QWebEngineView::loadFinished, this, [this](bool ok) {
+        loading_ = false;
+        if (is_new_page_)
+            view_->history()->clear();
+        is_new_page_ = false;
+        // A zoom belongs to the address of a page and must hold for the next one too.
+        view_->setZoomFactor(text_size_);
+        Q_EMIT State_changed();
+        Q_EMIT Page_shown(ok);
+    });
+    Change_text_size(0);
+}
+
+bool Readme_Browser::Show_page(const QString &page) {
+    Close_find();
+    const auto file = program_.files.look(page);
+    const QString path = file && !file->is_folder ? program_.files.to_native(page) : QString();
+    if (path.isEmpty()) {
+        Blank();
+        return false;
+    }
+    const QString pictures =
+        program_.files.to_native(program_.paths.AppPath + QStringLiteral("\\HTMLImages"));
+    const QString of_games =
+        program_.files.to_native(program_.paths.AppPath + QStringLiteral("\\custom_game_images"));
+    const qsizetype name_length = page.size() - 1 - page.lastIndexOf(u'\\');
+    folders_->Set({program_.files.to_native(page.chopped(name_length)),
+                   program_.files.to_native(program_.paths.info), pictures, of_games});
+    folders_->shared_folders = {pictures, of_games};
+    Load(QUrl::fromLocalFile(path));
+    return true;
+}
+
+void Readme_Browser::Show_address(const QUrl &address) {
+    Close_find();
+    folders_->Set({});
+    folders_->Set_site(address);
+    Load(address);
+}
+
+void Readme_Browser::Load(const QUrl &address) {
+    if (!view_)
+        Make_view();
+    has_page_ = loading_ = is_new_page_ = true;
+    view_->load(address);
+    Q_EMIT State_changed();
+}
+
+void Readme_Browser::Blank() {
+    has_page_ = loading_ = false;
+    address_->hide();
+    if (view_) {
+        view_->load(QUrl(QStringLiteral("about:blank")));
+        view_->history()->clear();
+    }
+    Q_EMIT State_changed();
+}
+
+const QUrl &Readme_Browser::site() const {
+    return folders_->site();
+}
+
+bool Readme_Browser::can_go_back() const {
+    return has_page_ && view_->history()->canGoBack();
+}
+
+bool Readme_Browser::can_go_forward() const {
+    return has_page_ && view_->history()->canGoForward();
+}
+
+bool Readme_Browser::can_shrink() const {
+    return has_page_ && text_size_ > smallest_text;
+}
+
+bool Readme_Browser::can_grow() const {
+    return has_page_ && text_size_ < largest_text;
+}
+
+void Readme_Browser::Go_back() {
+    if (can_go_back())
+        view_->back();
+}
+
+void Readme_Browser::Go_forward() {
+    if (can_go_forward())
+        view_->forward();
+}
+
+void Readme_Browser::Take_focus() {
+    if (has_page_)
+        view_->setFocus(Qt::ShortcutFocusReason);
+}
+
+void Readme_Browser::Change_text_size(int steps) {
+    text_size_ = std::clamp(text_size_ + steps * text_step, smallest_text, largest_text);
+    if (view_)
+        view_->setZoomFactor(text_size_);
+    Q_EMIT State_changed();
+}
+
+void Readme_Browser::Reset_text_size() {
+    text_size_ = 1.0;
+    Change_text_size(0);
+}
+
+void Readme_Browser::Open_find() {
+    if (has_page_)
+        find_bar_->Open();
+}
+
+void Readme_Browser::Find_next(bool backwards) {
+    if (!has_page_)
+        return;
+    if (find_bar_->isHidden() || find_bar_->text().isEmpty())
+        return Open_find();
+    Q_EMIT find_bar_->Find_wanted(find_bar_->text(), backwards);
+}
+
+void Readme_Browser::Close_find() {
+    find_bar_->Close();
+}
+
+/// The tip of a link says little where its author wrote none: the whole address stands below the page.
+void Readme_Browser::Show_address_of(const QUrl &link) {
+    const QUrl leaving = Address_for_the_world(link);
+    address_->setVisible(!leaving.isEmpty());
+    if (leaving.isEmpty())
+        return;
+    const QString text = leaving.scheme() == QLatin1String("mailto")
+                             ? QStringLiteral("mailto:") + leaving.path()
+                             : leaving.toDisplayString();
+    address_->setText(address_->fontMetrics().elidedText(text, Qt::ElideMiddle, width() * 3 / 4));
+    address_->adjustSize();
+    address_->move(0, height() - address_->height());
+    address_->raise();
+}
+
+void Readme_Browser::resizeEvent(QResizeEvent *event) {
+    QWidget::resizeEvent(event);
+    address_->hide();
+}
+
+} // namespace vantrosk
