@@ -53,6 +53,11 @@ constexpr Template_Row templates[] = {
 
 } // namespace
 
+TEST_F(Start_Data, A_glossary_file_shorter_than_any_entry_holds_none) {
+    EXPECT_EQ(glossary_of("[a]"), QStringList());
+    EXPECT_EQ(glossary_of("[a]\nb"), QStringList{"a=b"});
+}
+
 TEST_F(Start_Data, The_game_table_has_its_rows_in_its_own_order) {
     Fill_Game_Table(program());
     QStringList rows;
