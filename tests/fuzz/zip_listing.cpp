@@ -96,6 +96,12 @@ std::vector<QByteArray> Fuzz_seeds() {
                 0, {}),
         Archive({"secret"}, {}, 1, {}),
         Archive({}, {}, 0, {}),
+        // One packed entry and one stored one, both with their checksums: what is read without libzip.
+        QByteArray::fromBase64(
+            "UEsDBBQAAAAIAABQzDC+QOgmFwAAANgAAAAKAAAAcmVhZG1lLnR4dAvJSFUoTyxJzlAoSCwuTi3WUwgZFiIA"
+            "UEsDBBQAAAAAAABQzDBo8gHhAQAAAAEAAAAFAAAAYS5taXNtUEsBAhQDFAAAAAgAAFDMML5A6CYXAAAA2AAA"
+            "AAoAAAAAAAAAAAAAAIABAAAAAHJlYWRtZS50eHRQSwECFAMUAAAAAAAAUMwwaPIB4QEAAAABAAAABQAAAAAA"
+            "AAAAAAAAgAE/AAAAYS5taXNQSwUGAAAAAAIAAgBrAAAAYwAAAAAA"),
     };
 }
 
