@@ -14,6 +14,8 @@ window_packages=(qt6-qpa-plugins xvfb x11-utils xkb-data fonts-noto-core fonts-d
 # Other makers' zips for the tests, and a Windows program to really start. The tests that use them say so and
 # skip where they are missing.
 test_packages=(zip unzip p7zip-full gcc-mingw-w64-x86-64-win32 wine wine64 xauth)
+# What the measurements stand beside.
+bench_packages=(sqlite3 python3-minimal)
 
 missing_of() {
     local package
@@ -40,7 +42,7 @@ fi
 needed=()
 while IFS= read -r package; do needed+=("$package"); done < <(missing_of "${build_packages[@]}" "${window_packages[@]}")
 wanted=()
-while IFS= read -r package; do wanted+=("$package"); done < <(missing_of "${test_packages[@]}")
+while IFS= read -r package; do wanted+=("$package"); done < <(missing_of "${test_packages[@]}" "${bench_packages[@]}")
 
 [ "${#needed[@]}" -gt 0 ] || [ "${#wanted[@]}" -gt 0 ] || exit 0
 
@@ -49,7 +51,7 @@ if [ "$(id -u)" -ne 0 ]; then
     if command -v sudo >/dev/null 2>&1 && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
         as_root=(sudo)
     elif [ "${#needed[@]}" -eq 0 ]; then
-        echo "Not installed, so some tests will skip: ${wanted[*]}" >&2
+        echo "Not installed, so some tests or measurements will skip: ${wanted[*]}" >&2
         exit 0
     else
         echo "Please install as root: apt-get install ${needed[*]} ${wanted[*]}" >&2
@@ -67,6 +69,6 @@ if [ "${#needed[@]}" -gt 0 ]; then
 fi
 if [ "${#wanted[@]}" -gt 0 ] && ! install "${wanted[@]}"; then
     for package in "${wanted[@]}"; do
-        install "$package" || echo "Not to be had here, some tests will skip: $package" >&2
+        install "$package" || echo "Not to be had here, some tests or measurements will skip: $package" >&2
     done
 fi

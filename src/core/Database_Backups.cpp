@@ -1,5 +1,6 @@
 #include "core/Database_Engine.h"
 #include "core/Program.h"
+#include "platform/Native_Text.h"
 
 #include <QRegularExpression>
 
@@ -46,7 +47,7 @@ Fault Engine_fault(sqlite3 *connection) {
 /// Copies page by page, as of one moment, into a file that is not there yet.
 Fault Copy_pages(sqlite3 *from, const QString &native_path) {
     sqlite3 *to = nullptr;
-    const int opened = sqlite3_open_v2(native_path.toUtf8().constData(), &to,
+    const int opened = sqlite3_open_v2(Native_bytes(native_path).constData(), &to,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     Fault fault;
     if (opened != SQLITE_OK) {

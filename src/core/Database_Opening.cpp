@@ -2,6 +2,7 @@
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
+#include "platform/Native_Text.h"
 
 #include <sqlite3.h>
 
@@ -208,7 +209,7 @@ std::optional<QString> Damage_of(sqlite3 *connection) {
 }
 
 void Connect(Program &program, Database::State &state, const QString &path, Look look) {
-    const QByteArray native_path = program.files.to_native(path).toUtf8();
+    const QByteArray native_path = Native_bytes(program.files.to_native(path));
     const int code =
         sqlite3_open_v2(native_path.constData(), &state.connection,
                         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);

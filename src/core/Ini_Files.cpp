@@ -1,3 +1,4 @@
+#include "core/Ini_Rules.h"
 #include "core/Ini_Tables.h"
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
@@ -186,7 +187,7 @@ Fault Write_pairs(Program &program, const QString &path, const std::vector<Ini_P
     QStringList lines;
     for (const Ini_Pair &pair : pairs)
         lines << "[" + pair.key + "]" << pair.value;
-    Fault fault = Write_text_lines(program, path, lines);
+    Fault fault = Write_text_lines(program, path, lines, Outlives::a_loss_of_power);
     if (fault)
         debug_print(program, "FUNCTIONS: " + path + " not written: " + fault.text);
     return fault;
@@ -261,12 +262,13 @@ std::vector<Ini_Pair> Tweaks_ini_pairs(const Program &program) {
 
 bool Set_main_ini_value(Program &program, const QString &key, const QString &value) {
     const Main_Row *row = Find_row(Main_rows(), key);
-    return row && Set_value(row->place(program.ini), value, false);
+    return row && Is_understood(key, value) && Set_value(row->place(program.ini), value, false);
 }
 
 bool Set_tweaks_ini_value(Program &program, const QString &key, const QString &value) {
     const Tweaks_Row *row = Find_row(Tweaks_rows(), key);
-    return row && Set_value(row->place(program.tweaks), value, row->notes.is_short);
+    return row && Is_understood(key, value) &&
+           Set_value(row->place(program.tweaks), value, row->notes.is_short);
 }
 
 Ini_Kind Main_ini_kind(const QString &key) {

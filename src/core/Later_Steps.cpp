@@ -37,6 +37,8 @@ constexpr Step_Row rows[] = {
     {Later_Step::build_game_selection, "Build_Game_Selection"},
     {Later_Step::save_details_panel, "Save_Details_Panel"},
     {Later_Step::show_patch_window, "Show_Patch_Window"},
+    {Later_Step::declare_presence, "Declare_Presence"},
+    {Later_Step::after_game, "After_Game"},
 };
 static_assert(std::size(rows) == static_cast<std::size_t>(Later_Step::count));
 

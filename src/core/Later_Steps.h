@@ -35,6 +35,8 @@ enum class Later_Step {
     build_game_selection,
     save_details_panel,
     show_patch_window,
+    declare_presence, ///< to the players who are free for a game
+    after_game,       ///< puts back what was swapped for a game
     count
 };
 

@@ -52,13 +52,17 @@ void Cull_Temp_Files(Program &program) {
 
 void Settle_Installation_Identity(Program &program) {
     Settings_Store &settings = *program.platform.settings;
+    const auto store = [&](const char *section, const char *key, const QString &value) {
+        if (const Fault fault = settings.set_value(section, key, value))
+            debug_print(program, "STARTUP: " + fault.text);
+    };
     program.VKGUID = settings.value("GUID", "VKGUID");
     if (program.VKGUID.isEmpty()) {
         program.VKGUID = CreateGUID();
-        settings.set_value("GUID", "VKGUID", program.VKGUID);
+        store("GUID", "VKGUID", program.VKGUID);
     }
     if (settings.value("INSTALLPATH", "ProgramRoot") != program.paths.AppPath)
-        settings.set_value("INSTALLPATH", "ProgramRoot", program.paths.AppPath);
+        store("INSTALLPATH", "ProgramRoot", program.paths.AppPath);
 }
 
 void Check_Database_Tables(Program &program) {

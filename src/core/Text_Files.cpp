@@ -110,11 +110,12 @@ QString First_line(const Program &program, const QString &path) {
     return Split_lines(Decode_text(start.value)).value(0);
 }
 
-Fault Write_text_lines(Program &program, const QString &path, const QStringList &lines) {
+Fault Write_text_lines(Program &program, const QString &path, const QStringList &lines, Outlives outlives) {
     QString text;
     for (const QString &line : lines)
         text += line + "\r\n";
-    return program.files.write_file(path, text.toUtf8());
+    return outlives == Outlives::a_kill ? program.files.write_file(path, text.toUtf8())
+                                        : program.files.write_lasting_file(path, text.toUtf8());
 }
 
 } // namespace vantrosk

@@ -76,6 +76,14 @@ void Focus_Tick(Program &program) {
     Run_Later_Step(program, Later_Step::focus_list);
 }
 
+void Presence_Tick(Program &program) {
+    Run_Later_Step(program, Later_Step::declare_presence);
+}
+
+void Game_Exit_Tick(Program &program) {
+    Run_Later_Step(program, Later_Step::after_game);
+}
+
 void Start_Focus_Timer(Program &program) {
     program.timers.focus_runs = true;
 }

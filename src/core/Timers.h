@@ -28,6 +28,10 @@ void Animation_Tick(Program &program);
 /// Gives the list the focus at the 20th tick; nothing while it does not run.
 void Focus_Tick(Program &program);
 void Start_Focus_Timer(Program &program);
+/// Each minute: the presence tool, which counts the minutes, tells the community that the user is free.
+void Presence_Tick(Program &program);
+/// Once behind the start of a game: its swapped files come back.
+void Game_Exit_Tick(Program &program);
 
 /// The tips that there are, in order.
 const QStringList &Tips();

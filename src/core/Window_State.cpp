@@ -33,7 +33,9 @@ QString Stored(const Program &program, const QString &key) {
 }
 
 void Store(Program &program, const QString &key, int value) {
-    program.platform.settings->set_value(section, key, QString::number(value));
+    if (const Fault fault = program.platform.settings->set_value(section, key, QString::number(value)))
+        debug_print(program, "FUNCTIONS: Error In Save_Status : (" + QString::number(fault.number) + ") " +
+                                 fault.text);
 }
 
 /// A length from the store, where anybody may write; `otherwise` when it is none.

@@ -181,6 +181,23 @@ bool DB_Message_Was_Seen(Program &program, const QString &name) {
                 .is_empty();
 }
 
+Job_Date DB_Job_Date(Program &program, const QString &name) {
+    const Recordset rows =
+        db_Query(program, "SELECT * FROM table_general WHERE general_type = " + In_single_quotes(name));
+    if (!rows.is_empty() && !rows.is_null(0, "date_last_done"))
+        return {false, rows.date_time(0, "date_last_done")};
+    db_Execute(program, "INSERT INTO table_general (general_type,date_last_done) VALUES (" +
+                            In_single_quotes(name) + ",now())");
+    return {true, program.clock.now()};
+}
+
+void DB_Job_Done(Program &program, const QString &name, bool succeeded) {
+    db_Execute(program,
+               QString("UPDATE table_general SET date_last_done = now(), result = '%1' WHERE general_type = ")
+                       .arg(succeeded ? 1 : 0) +
+                   In_single_quotes(name));
+}
+
 void Get_Authors_Array(Program &program) {
     debug_print(program, "DB_FUNCTIONS: Start getAuthors_Array");
     With_error_box(program, "Get_Authors_Array", module, [&] {

@@ -87,6 +87,15 @@ bool DB_Resize_Text_Column(Program &program, const QString &table, const QString
 void DB_Upgrade_Tables(Program &program);
 void DB_Message_Seen(Program &program, const QString &name);
 bool DB_Message_Was_Seen(Program &program, const QString &name);
+/// When a periodic job ("Last_FM_check", "Last_downloaded", "RSS_Last_downloaded") was last done. One that
+/// has no date yet gets that of now: it is its first time, and there is nothing to compare with.
+struct Job_Date {
+    bool is_first_time = false;
+    QDateTime last_done; ///< local time
+};
+Job_Date DB_Job_Date(Program &program, const QString &name);
+/// The job ended now; `succeeded` is kept with its date.
+void DB_Job_Done(Program &program, const QString &name, bool succeeded);
 /// Reads the colour-coded authors into `program.authors`; unused slots are left out.
 void Get_Authors_Array(Program &program);
 /// One email template. Writing inserts or updates it and gives "TRUE"; reading gives its stored text.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Fault.h"
+#include "platform/Outlives.h"
 
 #include <QString>
 #include <QStringList>
@@ -30,7 +31,7 @@ struct Ini_Pair {
 std::vector<Ini_Pair> Main_ini_pairs(const Program &program);
 std::vector<Ini_Pair> Tweaks_ini_pairs(const Program &program);
 /// Sets the one value of that key (no brackets, spelled exactly); an empty text empties it (false, 0). False
-/// for an unknown key or a value that its type can not hold.
+/// for an unknown key or a value that the program would not understand there (core/Ini_Rules.h).
 bool Set_main_ini_value(Program &program, const QString &key, const QString &value);
 bool Set_tweaks_ini_value(Program &program, const QString &key, const QString &value);
 /// What kind of text a main key holds, for a face that turns native paths into Windows paths at the door.
@@ -85,6 +86,7 @@ QStringList Read_text_lines(const Program &program, const QString &path);
 /// The first line of a small text file; empty when there is none.
 QString First_line(const Program &program, const QString &path);
 /// UTF-8, every line ended by CR LF, written beside and moved over.
-Fault Write_text_lines(Program &program, const QString &path, const QStringList &lines);
+Fault Write_text_lines(Program &program, const QString &path, const QStringList &lines,
+                       Outlives outlives = Outlives::a_kill);
 
 } // namespace vantrosk

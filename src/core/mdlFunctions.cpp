@@ -18,9 +18,10 @@ struct Version_Name {
 constexpr Version_Name version_names[] = {{"5.0", "WIN2000"}, {"5.1", "WINXP"}, {"6.0", "VISTA"}};
 
 /// Leaves a line about it beside the program, because a process on one processor is not what users expect.
-bool Force_one_processor(Program &program, const QString &process_name, const QString &version) {
+bool Force_one_processor(Program &program, const QString &process_name) {
     debug_print(program, "FUNCTIONS: Cores_Running_on forcing to run on 1 core");
-    const QString line = "Affinity set as windows version is " + version + "\r\n";
+    const QString number = program.platform.registry->read(version_value).value_or(QString());
+    const QString line = "Affinity set as windows version is " + number + "\r\n";
     if (const Fault fault =
             program.files.append_file(program.paths.AppPath + "\\Affinity.log", line.toUtf8()))
         debug_print(program, "FUNCTIONS: Error In Cores_Running_on : (" + QString::number(fault.number) +
@@ -59,8 +60,7 @@ int Cores_Running_on(Program &program, const QString &process_name, int retries,
             QString("FUNCTIONS: Cores_Running_on %1 found %2 processors").arg(process_name).arg(count));
     if (!force || count < 2)
         return count;
-    const QString version = Windows_Version(program);
-    if (version == QLatin1String("WINXP") && Force_one_processor(program, process_name, version))
+    if (Windows_Version(program) == QLatin1String("WINXP") && Force_one_processor(program, process_name))
         return 1;
     return count;
 }

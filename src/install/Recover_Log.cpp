@@ -102,7 +102,7 @@ bool Has_unfinished_run(const Program &program, const QString &game_path) {
 void Start_recover_log(Program &program) {
     Keep_log_of_another_game(program);
     Trace_fault(program,
-                program.files.write_file(program.paths.install_recover_log, Bytes_of(Head(program))));
+                program.files.write_lasting_file(program.paths.install_recover_log, Bytes_of(Head(program))));
 }
 
 void Continue_recover_log(Program &program) {

@@ -49,6 +49,11 @@ public:
     virtual Result<QByteArray> read_start(const QString &path, qint64 count) const = 0;
     /// Written beside and moved over in one step: after a fault or a kill the old file is whole.
     virtual Fault write_file(const QString &path, const QByteArray &bytes) = 0;
+    /// The same, and on the disk before it returns: for what must outlive a loss of power. Takes
+    /// milliseconds.
+    virtual Fault write_lasting_file(const QString &path, const QByteArray &bytes) {
+        return write_file(path, bytes);
+    }
     /// Appends and hands the bytes to the system before it returns; makes the file when missing. After a
     /// fault the file is as long as it was.
     virtual Fault append_file(const QString &path, const QByteArray &bytes) = 0;
@@ -56,7 +61,8 @@ public:
     /// Moves within one file system in one step, else copies, checks and deletes. Replaces `to` unless it is
     /// a folder. A folder can be moved too, within one file system.
     virtual Fault move_file(const QString &from, const QString &to) = 0;
-    /// Copies content and modification time, beside and moved over; replaces `to`.
+    /// Copies content and modification time, beside and moved over; replaces `to`. On the disk before it
+    /// returns.
     virtual Fault copy_file(const QString &from, const QString &to) = 0;
     /// Removes a file or a link; a missing one is `not_found`.
     virtual Fault remove_file(const QString &path) = 0;

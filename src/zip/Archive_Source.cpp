@@ -1,5 +1,7 @@
 #include "zip/Archive_Source.h"
 
+#include "platform/Native_File.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
@@ -13,14 +15,14 @@ constexpr qint64 block_size = 64 * 1024;
 
 } // namespace
 
-Archive_Source::Archive_Source(const QString &native, qint64 start) : file_(native), start_(start) {
+Archive_Source::Archive_Source(qint64 start) : start_(start) {
     zip_error_init(&error_);
 }
 
 zip_source_t *Archive_Source::Make(const QString &native, qint64 start, int &system_error) {
-    std::unique_ptr<Archive_Source> self(new Archive_Source(native, start));
+    std::unique_ptr<Archive_Source> self(new Archive_Source(start));
     errno = 0;
-    if (!self->file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    if (!Open_native_file(self->file_, native)) {
         system_error = errno;
         return nullptr;
     }

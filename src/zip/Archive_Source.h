@@ -16,7 +16,7 @@ public:
     static zip_source_t *Make(const QString &native, qint64 start, int &system_error);
 
 private:
-    Archive_Source(const QString &native, qint64 start);
+    explicit Archive_Source(qint64 start);
     static zip_int64_t Serve(void *self, void *data, zip_uint64_t length, zip_source_cmd_t command);
     zip_int64_t serve(void *data, zip_uint64_t length, zip_source_cmd_t command);
     zip_int64_t read(char *data, qint64 length);

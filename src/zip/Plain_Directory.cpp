@@ -1,3 +1,4 @@
+#include "platform/Native_File.h"
 #include "zip/Entry_List.h"
 #include "zip/Entry_Names.h"
 #include "zip/Zip_Numbers.h"
@@ -126,9 +127,9 @@ qsizetype Add_record(qsizetype at, const End_Record &end, std::uint64_t index, E
 } // namespace
 
 qint64 Bytes_before_archive(const QString &native) {
-    QFile file(native);
+    QFile file;
     End_Record end;
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !Find_end(file, end))
+    if (!Open_native_file(file, native) || !Find_end(file, end))
         return 0;
     const qint64 before = end.position - end.size - end.offset;
     if (before <= 0 || !file.seek(end.position - end.size) || file.read(4) != header_signature)

@@ -1,16 +1,29 @@
 #include "zip/Target_Folder.h"
 
-#include "platform/Staged_File.h"
+#include "platform/Native_File.h"
+#include "platform/Native_Text.h"
+#include "platform/System_Fault.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 namespace vantrosk {
+
+namespace {
+
+/// A name as it stands in a native path, and back.
+QString In_native(const QString &name) {
+    return Native_text(Name_to_native(name));
+}
+QString Out_of_native(const QString &name) {
+    return Name_from_native(Native_bytes(name));
+}
+
+QString Last_part(const QString &native_path) {
+    return Out_of_native(native_path.mid(native_path.lastIndexOf(u'/') + 1));
+}
+
+} // namespace
 
 Target_Folder::Target_Folder(Files &files, const QString &root) : files_(files), root_(root) {}
 
@@ -22,7 +35,8 @@ Fault Target_Folder::prepare() {
     native_ = files_.to_native(root_);
     while (native_.size() > 1 && native_.endsWith(u'/'))
         native_.chop(1);
-    canonical_ = QFileInfo(native_).canonicalFilePath();
+    std::error_code error;
+    canonical_ = Native_text(std::filesystem::canonical(Native_path(native_), error));
     if (canonical_.isEmpty())
         return {Fault_Kind::not_found, QString("There is no folder \"%1\".").arg(root_)};
     return {};
@@ -33,14 +47,13 @@ Result<Target_Folder::Place> Target_Folder::place(const QStringList &parts) {
     if (!folder.ok())
         return {{}, folder.fault};
     const QString name = spelling(*folder.value, parts.last());
-    return {{folder.value->native + "/" + name, folder.value->exact.contains(name)}, {}};
+    return {{folder.value->native + "/" + In_native(name), folder.value->exact.contains(name)}, {}};
 }
 
 void Target_Folder::note_file(const QString &native_path) {
-    const qsizetype cut = native_path.lastIndexOf(u'/');
-    const auto found = levels_.find(native_path.left(cut));
+    const auto found = levels_.find(native_path.left(native_path.lastIndexOf(u'/')));
     if (found != levels_.end())
-        add_name(*found, native_path.mid(cut + 1));
+        add_name(*found, Last_part(native_path));
 }
 
 Result<Target_Folder::Level *> Target_Folder::level(const QStringList &folders) {
@@ -51,11 +64,11 @@ Result<Target_Folder::Level *> Target_Folder::level(const QStringList &folders) 
             Level made;
             made.native = native;
             std::error_code error;
-            std::filesystem::directory_iterator entries(QFile::encodeName(native).toStdString(), error);
+            std::filesystem::directory_iterator entries(Native_path(native), error);
             for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error))
-                add_name(made, QFile::decodeName(entries->path().filename().string().c_str()));
+                add_name(made, Last_part(Native_text(entries->path())));
             if (error)
-                return {nullptr, Fault_of_system(error.value(), QFileInfo(native).fileName())};
+                return {nullptr, System_fault(error.value(), "list", native)};
             found = levels_.insert(native, made);
         }
         if (depth == folders.size())
@@ -63,32 +76,33 @@ Result<Target_Folder::Level *> Target_Folder::level(const QStringList &folders) 
         const Result<QString> below = enter(*found, folders[depth]);
         if (!below.ok())
             return {nullptr, below.fault};
-        add_name(*found, QFileInfo(below.value).fileName());
+        add_name(*found, Last_part(below.value));
         native = below.value;
     }
 }
 
 Result<QString> Target_Folder::enter(const Level &parent, const QString &name) const {
-    const QString path = parent.native + "/" + spelling(parent, name);
+    const QString path = parent.native + "/" + In_native(spelling(parent, name));
     if (levels_.contains(path))
         return {path, {}};
-    const QFileInfo info(path);
-    if (info.isSymLink()) {
-        const QString real = info.canonicalFilePath();
+    const std::filesystem::path native = Native_path(path);
+    std::error_code error;
+    if (std::filesystem::is_symlink(native, error)) {
+        const QString real = Native_text(std::filesystem::canonical(native, error));
         if (!real.startsWith(canonical_ + "/"))
             return {{},
                     {Fault_Kind::outside,
                      QString("The folder \"%1\" leads outside of \"%2\".").arg(name, root_)}};
     }
-    if (info.isDir())
+    const std::filesystem::file_status found = std::filesystem::status(native, error);
+    if (std::filesystem::is_directory(found))
         return {path, {}};
-    if (info.exists())
+    if (std::filesystem::exists(found))
         return {{},
                 {Fault_Kind::exists, QString("A file stands where the folder \"%1\" should be.").arg(name)}};
-    std::error_code error;
-    std::filesystem::create_directory(QFile::encodeName(path).toStdString(), error);
+    std::filesystem::create_directory(native, error);
     if (error)
-        return {{}, Fault_of_system(error.value(), name)};
+        return {{}, System_fault(error.value(), "make the folder", name)};
     return {path, {}};
 }
 

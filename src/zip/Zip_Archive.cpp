@@ -1,10 +1,9 @@
 #include "zip/Zip_Archive.h"
 
-#include "platform/Staged_File.h"
+#include "platform/Native_File.h"
+#include "platform/System_Fault.h"
 #include "zip/Archive_Source.h"
 #include "zip/Entry_List.h"
-
-#include <QFileInfo>
 
 #include <cerrno>
 
@@ -63,7 +62,7 @@ Fault Fault_of_zip(zip_error_t &error, const QString &name) {
     const bool about_writing =
         code == ZIP_ER_WRITE || code == ZIP_ER_TMPOPEN || code == ZIP_ER_RENAME || code == ZIP_ER_CLOSE;
     if (about_writing)
-        return Fault_of_system(number ? number : EIO, name);
+        return System_fault(number ? number : EIO, "write", name);
     for (const Zip_Text &row : zip_texts)
         if (row.zip_error == code)
             return {row.kind, QString::fromLatin1(row.text).arg(name), number};
@@ -82,14 +81,16 @@ Fault Fault_of_zip(int zip_error, const QString &name) {
 }
 
 Fault Check_archive_file(const QString &native, const QString &name) {
-    const QFileInfo info(native);
-    if (!info.exists())
+    std::error_code none;
+    const std::filesystem::path path = Native_path(native);
+    const std::filesystem::file_status found = std::filesystem::status(path, none);
+    if (!std::filesystem::exists(found))
         return Fault_of_zip(ZIP_ER_NOENT, name);
-    if (info.isDir())
+    if (std::filesystem::is_directory(found))
         return {Fault_Kind::damaged, QString("\"%1\" is a folder, not a zip archive.").arg(name)};
-    if (!info.isFile())
+    if (!std::filesystem::is_regular_file(found))
         return Fault_of_zip(ZIP_ER_NOZIP, name);
-    if (info.size() == 0)
+    if (std::filesystem::file_size(path, none) == 0)
         return {Fault_Kind::damaged, QString("\"%1\" is empty.").arg(name)};
     return {};
 }

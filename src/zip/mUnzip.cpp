@@ -1,5 +1,6 @@
 #include "zip/mUnzip.h"
 
+#include "platform/Native_File.h"
 #include "platform/Staged_File.h"
 #include "zip/Entry_List.h"
 #include "zip/Entry_Names.h"
@@ -72,6 +73,13 @@ Fault Copy_content(Extraction &run, const Listed_Entry &entry, const QString &na
     }
 }
 
+/// A link to one can be replaced.
+bool Is_own_folder(const QString &native) {
+    std::error_code none;
+    return std::filesystem::symlink_status(Native_path(native), none).type() ==
+           std::filesystem::file_type::directory;
+}
+
 Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Progress &progress) {
     const QString name = run.list.name(entry);
     const QStringList parts =
@@ -82,7 +90,7 @@ Fault Extract_entry(Extraction &run, const Listed_Entry &entry, const Unzip_Prog
     const Target_Folder::Place &place = found.value;
     if (place.taken && !run.overwrite_existing)
         return {};
-    if (place.taken && QFileInfo(place.native).isDir() && !QFileInfo(place.native).isSymLink())
+    if (place.taken && Is_own_folder(place.native))
         return {Fault_Kind::exists, QString("A folder stands where the file \"%1\" should be.").arg(name)};
     if (progress)
         progress(name);

@@ -1,11 +1,12 @@
 #include "zip/mZip.h"
 
+#include "platform/Native_File.h"
+#include "platform/Native_Text.h"
 #include "zip/Archive_Target.h"
 #include "zip/Zip_Archive.h"
 #include "zip/Zip_Sources.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <cerrno>
@@ -29,9 +30,10 @@ public:
     Fault add(const QString &native, const QString &stored) {
         if (!archive_)
             return Fault_of_zip(ZIP_ER_MEMORY, name_);
-        if (!QFileInfo(native).isFile())
+        std::error_code none;
+        if (!std::filesystem::is_regular_file(Native_path(native), none))
             return {Fault_Kind::not_found, QString("There is no \"%1\".").arg(stored)};
-        zip_source_t *source = zip_source_file(archive_.get(), QFile::encodeName(native).constData(), 0, -1);
+        zip_source_t *source = zip_source_file(archive_.get(), Native_bytes(native).constData(), 0, -1);
         if (!source)
             return Fault_of_zip(*zip_get_error(archive_.get()), stored);
         const zip_int64_t index =
@@ -79,8 +81,8 @@ Fault Compare_entry(zip_t *archive, zip_uint64_t index, const QString &native, c
     zip_stat_t stat;
     if (zip_stat_index(archive, index, ZIP_FL_ENC_RAW, &stat) != 0 || stored.toUtf8() != stat.name)
         return Differs(stored);
-    QFile source(native);
-    if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    QFile source;
+    if (!Open_native_file(source, native))
         return Differs(stored);
     Entry_Reader reader(archive, index, stored, static_cast<qint64>(stat.size));
     QByteArray packed(block_size, Qt::Uninitialized);
@@ -135,7 +137,7 @@ Fault cZip::Zip() {
         return fault;
     if (const Fault fault = read_back(target.file().temporary(), finder.sources()))
         return fault;
-    if (const Fault fault = target.file().keep())
+    if (const Fault fault = target.file().keep({}, Outlives::a_loss_of_power))
         return fault;
     for (const Zip_Source &source : finder.sources())
         zipped_ << source.path;

@@ -64,6 +64,17 @@ TEST_F(Console, An_unknown_key_and_a_value_that_does_not_fit_are_wrong_usage_and
     EXPECT_EQ(run({"tweaks", "get", "SCAN_ZIPS"}).out, QStringList{"1"});
 }
 
+TEST_F(Console, A_value_that_would_not_be_understood_is_refused_with_what_would_be) {
+    const Console_Run run_3 = run({"tweaks", "set", "SCAN_ZIPS", "3"});
+    EXPECT_EQ(run_3.exit_code, 2);
+    EXPECT_EQ(run_3.err.last(), "\"SCAN_ZIPS\" can not hold \"3\": it is 0 (slow: always), 1 (normal: "
+                                "without a record) or 2 (fast: never)");
+    EXPECT_EQ(run({"tweaks", "get", "SCAN_ZIPS"}).out, QStringList{"1"});
+    EXPECT_EQ(run({"settings", "set", "RECORD_SQL", "maybe"}).err.last(),
+              "\"RECORD_SQL\" can not hold \"maybe\": it is True or False");
+    EXPECT_EQ(run({"tweaks", "set", "SCAN_ZIPS", "2"}).exit_code, 0);
+}
+
 TEST_F(Console, All_settings_and_all_tweaks_can_be_had_at_once) {
     EXPECT_EQ(run({"--json", "settings", "get"}).json().size(), 33);
     EXPECT_GE(run({"--json", "tweaks", "get"}).json().size(), 60);

@@ -163,6 +163,44 @@ TEST(DB_Message_Seen, A_notice_is_unseen_until_it_is_marked) {
     EXPECT_EQ(Rows_text(db_Query(program, "SELECT viewed_date FROM table_messages")), "2026-11-19 22:14:05");
 }
 
+TEST(DB_Job_Date, The_first_time_gives_the_job_its_date_and_later_ones_read_it) {
+    Database_World world;
+    Program &program = world.upgraded();
+    EXPECT_TRUE(DB_Job_Date(program, "Last_FM_check").is_first_time);
+    EXPECT_EQ(program.SQL,
+              "INSERT INTO table_general (general_type,date_last_done) VALUES ('Last_FM_check',now())");
+    const Job_Date later = DB_Job_Date(program, "Last_FM_check");
+    EXPECT_FALSE(later.is_first_time);
+    EXPECT_EQ(later.last_done, QDateTime(QDate(2026, 11, 19), QTime(22, 14, 5)));
+    EXPECT_TRUE(DB_Job_Date(program, "Last_downloaded").is_first_time) << "each job has its own";
+    EXPECT_EQ(Rows_text(db_Query(program, "SELECT general_type,result FROM table_general ORDER BY id")),
+              "Last_FM_check|- / Last_downloaded|-");
+}
+
+TEST(DB_Job_Date, A_row_without_a_date_is_a_first_time) {
+    Database_World world;
+    Program &program = world.upgraded();
+    db_Execute(program,
+               "INSERT INTO table_general (general_type,date_last_done) VALUES ('RSS_Last_downloaded',null)");
+    EXPECT_TRUE(DB_Job_Date(program, "RSS_Last_downloaded").is_first_time);
+}
+
+TEST(DB_Job_Done, The_date_and_the_outcome_are_kept) {
+    Database_World world;
+    Program &program = world.upgraded();
+    db_Execute(
+        program,
+        "INSERT INTO table_general (general_type,date_last_done) VALUES ('Last_downloaded',#2009/03/07#)");
+    DB_Job_Done(program, "Last_downloaded", false);
+    EXPECT_EQ(program.SQL,
+              "UPDATE table_general SET date_last_done = now(), result = '0' WHERE general_type = "
+              "'Last_downloaded'");
+    EXPECT_EQ(Rows_text(db_Query(program, "SELECT date_last_done,result FROM table_general")),
+              "2026-11-19 22:14:05|0");
+    DB_Job_Done(program, "Last_downloaded", true);
+    EXPECT_EQ(Rows_text(db_Query(program, "SELECT result FROM table_general")), "1");
+}
+
 TEST(DB_Touch_Last_Played, Sets_the_moment_of_the_current_game_s_row) {
     Database_World world;
     Program &program = world.upgraded();

@@ -1,3 +1,4 @@
+#include "core/Ini_Rules.h"
 #include "core/mdlFile_Functions.h"
 #include "support/World.h"
 
@@ -87,6 +88,96 @@ TEST_F(Ini_Values, A_value_that_can_not_be_is_refused_and_changes_nothing) {
     EXPECT_EQ(program.ini.MPNAME, "");
     EXPECT_EQ(program.tweaks.TITLEFONT.size, 18);
     EXPECT_EQ(program.tweaks.AUTO_DOWNLOAD, 0);
+}
+
+struct Rule_Case {
+    const char *key;
+    std::vector<const char *> taken, refused;
+};
+
+const std::vector<Rule_Case> rule_cases{
+    {"SCAN_ZIPS", {"0", "1", "2", ""}, {"3", "-1", "7", "1.5", "often", "99999999999"}},
+    {"AUTO_DOWNLOAD", {"0", "1", "60", "32767"}, {"-1", "32768", "weekly"}},
+    {"AUTO_FM_CHECK", {"0", "14", "32767"}, {"-1", "32768"}},
+    {"QUILLMARCH", {"0", "30"}, {"-1", "40000"}},
+    {"MAIN_TOOLBAR", {"16", "24", "32", ""}, {"0", "17", "48", "-16", "large"}},
+    {"LANGUAGECODE", {"en", "CZ", ""}, {"e", "eng", "1x"}},
+    {"AUTOSTART_IN",
+     {"Thief 1", "Thief Gold", "Thief 2", "Thief DS", "T2X", "Dark Metal", "Dark Mod", "System Shock 2",
+      "thief 2", ""},
+     {"T2", "Thief", "Thief 3", "Doom"}},
+    {"TITLEFONTSIZE", {"1", "18", "200"}, {"0", "-8", "201", "big"}},
+    {"SUBTITLEFONTSIZE", {"14"}, {"0"}},
+    {"WARNINGSFONTSIZE", {"12"}, {"0"}},
+    {"OTHERTEXTFONTSIZE", {"10"}, {"0"}},
+    {"FMLISTSFONTSIZE", {"8"}, {"0"}},
+    {"TITLEFONTSTYLE", {"Bold", "ITALIC", "BOLD,ITALIC", ""}, {"fat", "BOLD ITALIC", "ITALIC,BOLD"}},
+    {"SUBTITLEFONTSTYLE", {"Bold"}, {"x"}},
+    {"WARNINGSFONTSTYLE", {"Bold"}, {"x"}},
+    {"OTHERTEXTFONTSTYLE", {"Bold"}, {"x"}},
+    {"FMLISTSFONTSTYLE", {"Bold"}, {"x"}},
+    {"TITLEFONTCOLOUR", {"000000", "#ff00AA"}, {"red", "FFF", "GG0000", "#1234567"}},
+    {"SUBTITLEFONTCOLOUR", {"000000"}, {"x"}},
+    {"WARNINGSFONTCOLOUR", {"000000"}, {"x"}},
+    {"OTHERTEXTFONTCOLOUR", {"000000"}, {"x"}},
+    {"BACKGROUNDCOLOUR", {"#FFFFFF", "#00ff00"}, {"FFFFFF", "white", "#FFF"}},
+    {"FMDISPLAYCOLOUR", {"0", "15790320", "16777215"}, {"-1", "16777216", "#FFFFFF"}},
+    {"FMDISPLAYFONTCOLOUR", {"14120960"}, {"x"}},
+    {"FMDISPLAYTITLESFONTCOLOUR", {"0"}, {"x"}},
+    {"QBAR_COLOUR", {"6470226"}, {"x"}},
+    {"GAMEBAR_COLOUR", {"16672063"}, {"x"}},
+    {"THE_SWAP", {"True", "false", "1", "0", "-1"}, {"maybe"}},
+    {"STARTUP_PAGE", {"VANTROSK NEWS", "http://example.org/", "any text"}, {"two\nlines"}},
+    {"VK_SCHEME", {"My skin"}, {}},
+};
+
+class Ini_Rules : public testing::TestWithParam<Rule_Case> {};
+
+TEST_P(Ini_Rules, A_key_takes_what_the_program_understands_and_nothing_else) {
+    World world;
+    Program program(world.platform, world.ui, world.windows("home"));
+    const auto set = [&](const char *text) {
+        return Set_main_ini_value(program, GetParam().key, text) ||
+               Set_tweaks_ini_value(program, GetParam().key, text);
+    };
+    for (const char *text : GetParam().taken)
+        EXPECT_TRUE(set(text)) << text;
+    const auto before = std::pair(Main_ini_pairs(program), Tweaks_ini_pairs(program));
+    for (const char *text : GetParam().refused)
+        EXPECT_FALSE(set(text)) << text;
+    const auto texts = [](const std::vector<Ini_Pair> &pairs) {
+        QStringList all;
+        for (const Ini_Pair &pair : pairs)
+            all << pair.value;
+        return all;
+    };
+    EXPECT_EQ(texts(Main_ini_pairs(program)), texts(before.first));
+    EXPECT_EQ(texts(Tweaks_ini_pairs(program)), texts(before.second));
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, Ini_Rules, testing::ValuesIn(rule_cases),
+                         [](const auto &row) { return std::string(row.param.key); });
+
+TEST(Ini_Rule, Tells_what_a_key_holds) {
+    EXPECT_EQ(Ini_rule("SCAN_ZIPS"), "0 (slow: always), 1 (normal: without a record) or 2 (fast: never)");
+    EXPECT_EQ(Ini_rule("THE_SWAP"), "True or False");
+    EXPECT_EQ(Ini_rule("RECORD_SQL"), "True or False");
+    EXPECT_EQ(Ini_rule("MAIN_TOOLBAR"), "16, 24 or 32");
+    EXPECT_EQ(Ini_rule("T2GAME"), "");
+    EXPECT_EQ(Ini_rule("no such key"), "");
+}
+
+TEST(Ini_Rule, Every_number_of_either_file_has_its_bounds_and_every_default_keeps_them) {
+    World world;
+    Program program(world.platform, world.ui, world.windows("home"));
+    Set_Display_Defaults(program);
+    for (const auto &pairs : {Main_ini_pairs(program), Tweaks_ini_pairs(program)}) {
+        for (const Ini_Pair &pair : pairs) {
+            EXPECT_NE(Ini_rule(pair.key), "a whole number") << pair.key;
+            if (pair.key != "MAIN_TOOLBAR") // 0 until somebody chooses
+                EXPECT_TRUE(Is_understood(pair.key, pair.value)) << pair.key << " " << pair.value;
+        }
+    }
 }
 
 TEST_F(Ini_Values, An_unknown_key_is_refused) {

@@ -108,7 +108,7 @@ TEST_F(Functions, Forced_on_the_one_version_the_process_gets_one_processor) {
     EXPECT_EQ(Cores_Running_on(program, "", 1, true), 1);
     EXPECT_EQ(processes->masks, QStringList({"thief2.exe 1", " 1"}));
     EXPECT_EQ(world.read("home/Affinity.log"),
-              "Affinity set as windows version is WINXP\r\nAffinity set as windows version is WINXP\r\n");
+              "Affinity set as windows version is 5.1\r\nAffinity set as windows version is 5.1\r\n");
     EXPECT_EQ(world.ui.trace.value(2), "FUNCTIONS: Cores_Running_on forcing to run on 1 core");
 }
 

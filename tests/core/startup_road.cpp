@@ -183,8 +183,8 @@ TEST_F(Start, The_installation_gets_one_identity_and_keeps_it) {
 }
 
 TEST_F(Start, The_place_of_the_program_is_stored_anew_when_it_moved) {
-    world.platform.settings->set_value("INSTALLPATH", "ProgramRoot", "C:\\elsewhere");
-    world.platform.settings->set_value("GUID", "VKGUID", "{mine}");
+    (void)world.platform.settings->set_value("INSTALLPATH", "ProgramRoot", "C:\\elsewhere");
+    (void)world.platform.settings->set_value("GUID", "VKGUID", "{mine}");
     EXPECT_EQ(world.program().VKGUID, "{mine}");
     EXPECT_EQ(world.platform.settings->value("INSTALLPATH", "ProgramRoot"), world.windows("home"));
 }

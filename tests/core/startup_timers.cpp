@@ -148,6 +148,13 @@ TEST_F(Timers_Test, The_focus_goes_to_the_list_at_the_20th_tick_and_the_timer_st
     EXPECT_EQ(start.steps.size(), 1);
 }
 
+TEST_F(Timers_Test, The_presence_and_the_end_of_a_game_are_left_to_their_tools) {
+    Presence_Tick(program);
+    Presence_Tick(program);
+    Game_Exit_Tick(program);
+    EXPECT_EQ(start.steps, QStringList({"Declare_Presence", "Declare_Presence", "After_Game"}));
+}
+
 TEST_F(Timers_Test, Each_later_step_has_a_name_and_says_that_nobody_does_it) {
     program.trace.enabled = true;
     QStringList names;

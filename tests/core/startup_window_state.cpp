@@ -27,7 +27,7 @@ struct Window_State_Test : testing::Test {
     }
     QString stored(const QString &key) { return start.world.platform.settings->value("FORMSETTINGS", key); }
     void store(const QString &key, const QString &value) {
-        start.world.platform.settings->set_value("FORMSETTINGS", key, value);
+        (void)start.world.platform.settings->set_value("FORMSETTINGS", key, value);
     }
     QStringList stored_columns() {
         QStringList widths;

@@ -1,5 +1,6 @@
 #include "Platform_World.h"
 
+#include "platform/Native_Text.h"
 #include "platform/linux/Path_Map.h"
 
 #include <fcntl.h>
@@ -139,6 +140,47 @@ TEST_F(Path_Map_Test, Drive_c_comes_before_a_closer_letter) {
     EXPECT_EQ(native("G:\\thief2"), world.native("prefix/drive_c/Games/Thief2"));
 }
 
+TEST_F(Path_Map_Test, A_letter_that_is_made_changed_or_taken_away_is_seen_at_once) {
+    const timespec long_ago[2] = {{1000000000, 0}, {1000000000, 0}};
+    for (int round = 0; round < 3; ++round) {
+        if (round == 1) { // a folder that was long at rest
+            ASSERT_EQ(::utimensat(AT_FDCWD, world.bytes("prefix/dosdevices").constData(), long_ago, 0), 0);
+        }
+        EXPECT_EQ(native("H:\\x"), QString());
+        world.make_folder("stick");
+        EXPECT_EQ(windows(world.native("stick/x")).left(3), "Z:\\");
+        world.link("prefix/dosdevices/h:", world.native("stick"));
+        EXPECT_EQ(native("H:\\x"), world.native("stick/x"));
+        EXPECT_EQ(windows(world.native("stick/x")), "H:\\x");
+        QFile::remove(world.native("prefix/dosdevices/h:"));
+        world.link("prefix/dosdevices/h:", world.native("disc"));
+        EXPECT_EQ(native("H:\\x"), world.native("disc/x"));
+        QFile::remove(world.native("prefix/dosdevices/h:"));
+    }
+}
+
+TEST_F(Path_Map_Test, What_a_letter_leads_to_may_come_later_and_change) {
+    world.link("prefix/dosdevices/h:", world.native("mount"));
+    world.link("mount", world.native("first"));
+    EXPECT_EQ(windows(world.native("first/x")).left(3), "Z:\\");
+    world.make_folder("first");
+    world.make_folder("second");
+    EXPECT_EQ(windows(world.native("first/x")), "H:\\x");
+    EXPECT_EQ(windows(world.native("mount/x")), "H:\\x");
+    QFile::remove(world.native("mount"));
+    world.link("mount", world.native("second"));
+    EXPECT_EQ(windows(world.native("second/x")), "H:\\x");
+    EXPECT_EQ(windows(world.native("first/x")).left(3), "Z:\\");
+}
+
+TEST_F(Path_Map_Test, A_prefix_that_is_made_later_is_seen) {
+    const Path_Map later(world.native("later"));
+    EXPECT_EQ(QString::fromUtf8(later.native("D:\\x")), QString());
+    world.make_folder("later/dosdevices");
+    world.link("later/dosdevices/d:", world.native("disc"));
+    EXPECT_EQ(QString::fromUtf8(later.native("D:\\x")), world.native("disc/x"));
+}
+
 TEST_F(Path_Map_Test, Of_two_letters_for_one_folder_the_first_is_taken) {
     world.link("prefix/dosdevices/b:", world.native("disc"));
     EXPECT_EQ(windows(world.native("disc/x")), "B:\\x");
@@ -236,12 +278,13 @@ TEST_F(Path_Map_Test, Names_fold_as_unicode_does) {
     EXPECT_EQ(native("C:\\misija.zip"), world.native("prefix/drive_c/misija.zip"));
 }
 
-TEST_F(Path_Map_Test, A_name_that_is_not_utf_8_is_found_by_its_replacement_characters) {
+TEST_F(Path_Map_Test, A_name_that_is_not_utf_8_is_found_by_its_stand_ins) {
     const QByteArray name = world.bytes("prefix/drive_c") + "/caf\xE9.txt";
     const int file = ::open(name.constData(), O_CREAT | O_WRONLY, 0644);
     ASSERT_GE(file, 0);
     ::close(file);
-    EXPECT_EQ(map.native(QStringLiteral("C:\\CAF\uFFFD.TXT")), name);
+    EXPECT_EQ(map.native(QStringLiteral("C:\\CAF\uF0E9.TXT")), name);
+    EXPECT_EQ(map.windows(Native_text(name)), QStringLiteral("C:\\caf\uF0E9.txt"));
     ::unlink(name.constData()); // the temporary folder could not
 }
 

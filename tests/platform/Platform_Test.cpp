@@ -50,9 +50,9 @@ TEST(Prefix, Is_taken_from_the_options_then_the_environment_then_the_settings_th
     const With_variable home("HOME", world.bytes("home"));
     const With_variable none("WINEPREFIX", {});
     EXPECT_EQ(drive_c({}), world.native("home/.wine/drive_c"));
-    world.platform.settings->set_value("PLATFORM", "PREFIX", world.native("set"));
+    (void)world.platform.settings->set_value("PLATFORM", "PREFIX", world.native("set"));
     EXPECT_EQ(drive_c({}), world.native("set/drive_c"));
-    world.platform.settings->set_value("PLATFORM", "PREFIX", "~/games");
+    (void)world.platform.settings->set_value("PLATFORM", "PREFIX", "~/games");
     EXPECT_EQ(drive_c({}), world.native("home/games/drive_c"));
     const With_variable one("WINEPREFIX", world.bytes("environment"));
     EXPECT_EQ(drive_c({}), world.native("environment/drive_c"));

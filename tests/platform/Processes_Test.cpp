@@ -161,7 +161,7 @@ TEST_F(Processes_Test, The_runner_is_that_of_the_options_the_environment_or_the_
     qputenv("PATH", "relative::" + world.bytes("none") + ":" + world.bytes("bin") + ":" + path);
     qunsetenv("VANTROSK_RUNNER");
     EXPECT_EQ(runner(with_runner({})), world.native("bin/wine"));
-    world.platform.settings->set_value("PLATFORM", "RUNNER", "other");
+    (void)world.platform.settings->set_value("PLATFORM", "RUNNER", "other");
     EXPECT_EQ(runner(with_runner({})), world.native("bin/other"));
     qputenv("VANTROSK_RUNNER", "third");
     EXPECT_EQ(runner(with_runner({})), world.native("bin/third"));
@@ -260,12 +260,12 @@ TEST_F(Processes_Test, A_runner_that_is_there_or_named_is_never_passed_over) {
     const No_Runner no_runner(world);
     EXPECT_EQ(command(with_runner({})), world.native("game/Thief2.exe"));
     EXPECT_EQ(command(with_runner("mine")), "mine");
-    world.platform.settings->set_value("PLATFORM", "RUNNER", "other");
+    (void)world.platform.settings->set_value("PLATFORM", "RUNNER", "other");
     EXPECT_EQ(command(with_runner({})), "other");
     qputenv("VANTROSK_RUNNER", "third");
     EXPECT_EQ(command(with_runner({})), "third");
     qunsetenv("VANTROSK_RUNNER");
-    world.platform.settings->set_value("PLATFORM", "RUNNER", "");
+    (void)world.platform.settings->set_value("PLATFORM", "RUNNER", "");
     EXPECT_EQ(command(with_runner({})), world.native("game/Thief2.exe"));
     world.write("no programs/wine", script, 0755);
     EXPECT_EQ(command(with_runner({})), world.native("no programs/wine"));

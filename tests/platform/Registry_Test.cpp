@@ -1,5 +1,7 @@
 #include "Platform_World.h"
 
+#include <QStringEncoder>
+
 namespace vantrosk {
 namespace {
 
@@ -151,6 +153,62 @@ TEST_F(Registry_Test, Broken_lines_are_passed_over) {
     for (const auto &row : rows)
         EXPECT_EQ(read(QStringLiteral("HKLM\\Software\\A\\") + row[0]), row[1]) << row[0];
     EXPECT_EQ(read("HKLM\\Software\\Not closed 1700\\lost"), "<none>");
+}
+
+TEST_F(Registry_Test, A_broken_line_takes_no_other_with_it) {
+    world.write("prefix/system.reg", "WINE REGISTRY Version 2\n"
+                                     "[Software\\\\A] 1\n"
+                                     "\"cut\"=hex(2):41,\\\n"
+                                     "\"behind a cut one\"=\"x\"\n"
+                                     "\"cut again\"=hex(2):41,\\\n"
+                                     "[Software\\\\B] 1\n"
+                                     "  00,42,00\n"
+                                     "\"open\"=\"C:\\\n"
+                                     "\"x\"=\"y\"\n"
+                                     "[Software\\\\open\n"
+                                     "\"lost\"=\"of no key\"\n"
+                                     "[Software\\\\C]\n"
+                                     "\"x\"=\"without a time\"\n");
+    const char *rows[][2] = {
+        {"A\\cut", "<none>"}, {"A\\behind a cut one", "x"}, {"A\\cut again", "<none>"}, {"B\\open", "<none>"},
+        {"B\\x", "y"},        {"B\\lost", "<none>"},        {"C\\x", "without a time"}};
+    for (const auto &row : rows)
+        EXPECT_EQ(read(QStringLiteral("HKLM\\Software\\") + row[0]), row[1]) << row[0];
+}
+
+TEST_F(Registry_Test, What_comes_twice_counts_as_it_stands_last) {
+    world.write("prefix/system.reg",
+                "WINE REGISTRY Version 2\n[Software\\\\A] 1\n\"x\"=\"1\"\n\"X\"=\"2\"\n"
+                "\"y\"=\"of the first\"\n[SOFTWARE\\\\a] 1\n\"x\"=\"3\"\n\"x\"=hex:00\n");
+    EXPECT_EQ(read("HKLM\\Software\\A\\x"), "3");
+    EXPECT_EQ(read("HKLM\\Software\\A\\y"), "of the first");
+}
+
+TEST_F(Registry_Test, A_file_in_another_encoding_is_read_by_its_mark) {
+    const QString text =
+        QStringLiteral("WINE REGISTRY Version 2\r\n[Software\\\\Žluť] 1\r\n\"kůň\"=\"🐎 C:\\\\x\"\r\n");
+    QStringEncoder little(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
+    QStringEncoder big(QStringEncoder::Utf16BE, QStringEncoder::Flag::WriteBom);
+    const QByteArray files[] = {little(text), big(text), "\xEF\xBB\xBF" + text.toUtf8(), text.toUtf8()};
+    for (const QByteArray &file : files) {
+        world.write("prefix/user.reg", file);
+        EXPECT_EQ(read("HKCU\\software\\žluť\\KŮŇ"), "🐎 C:\\x") << file.left(4).toHex().toStdString();
+    }
+    world.write("prefix/user.reg", files[0].chopped(1)); // half a letter at its end
+    EXPECT_EQ(read("HKCU\\Software\\Žluť\\kůň"), "🐎 C:\\x");
+    world.write("prefix/user.reg", "\xFF\xFE");
+    EXPECT_EQ(read("HKCU\\Software\\Žluť\\kůň"), "<none>");
+}
+
+TEST_F(Registry_Test, A_large_file_is_read_to_its_end) {
+    QByteArray file = "WINE REGISTRY Version 2\n";
+    constexpr int keys = 20000;
+    for (int key = 0; key < keys; ++key)
+        file += "\n[Software\\\\Key " + QByteArray::number(key) + "] 1\n\"x\"=\"" + QByteArray::number(key) +
+                "\"\n";
+    world.write("prefix/system.reg", file);
+    for (const int key : {0, 1, 777, keys - 1})
+        EXPECT_EQ(read(QStringLiteral("HKLM\\Software\\Key %1\\x").arg(key)), QString::number(key));
 }
 
 TEST_F(Registry_Test, A_file_of_another_kind_has_no_keys) {

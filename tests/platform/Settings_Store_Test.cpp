@@ -1,5 +1,9 @@
 #include "Platform_World.h"
 
+#include <sys/resource.h>
+
+#include <csignal>
+
 namespace vantrosk {
 namespace {
 
@@ -30,7 +34,7 @@ constexpr Setting rows[] = {
 TEST(Settings_Store, Every_value_comes_back_from_a_second_store_over_the_same_file) {
     Platform_World world;
     for (const Setting &row : rows)
-        world.platform.settings->set_value(row.section, row.key, row.value);
+        (void)world.platform.settings->set_value(row.section, row.key, row.value);
     const Platform second = Make_Linux_Platform(world.options());
     for (const Setting &row : rows)
         EXPECT_EQ(second.settings->value(row.section, row.key), row.value) << row.section << " " << row.key;
@@ -38,9 +42,9 @@ TEST(Settings_Store, Every_value_comes_back_from_a_second_store_over_the_same_fi
 
 TEST(Settings_Store, A_value_is_in_the_file_at_once) {
     Platform_World world;
-    world.platform.settings->set_value("PLATFORM", "RUNNER", "first");
+    (void)world.platform.settings->set_value("PLATFORM", "RUNNER", "first");
     EXPECT_TRUE(world.read("settings.conf").contains("RUNNER=first"));
-    world.platform.settings->set_value("PLATFORM", "RUNNER", "second");
+    (void)world.platform.settings->set_value("PLATFORM", "RUNNER", "second");
     EXPECT_TRUE(world.read("settings.conf").contains("RUNNER=second"));
     EXPECT_EQ(world.names(""), (QStringList{"prefix", "settings.conf"}));
 }
@@ -48,16 +52,16 @@ TEST(Settings_Store, A_value_is_in_the_file_at_once) {
 TEST(Settings_Store, What_another_program_wrote_is_seen) {
     Platform_World world;
     EXPECT_EQ(world.platform.settings->value("PLATFORM", "RUNNER"), QString());
-    Make_Linux_Platform(world.options()).settings->set_value("PLATFORM", "RUNNER", "other");
+    (void)Make_Linux_Platform(world.options()).settings->set_value("PLATFORM", "RUNNER", "other");
     EXPECT_EQ(world.platform.settings->value("PLATFORM", "RUNNER"), "other");
 }
 
 TEST(Settings_Store, A_missing_value_is_empty) {
     Platform_World world;
-    world.platform.settings->set_value("a", "b", "c");
+    (void)world.platform.settings->set_value("a", "b", "c");
     EXPECT_EQ(world.platform.settings->value("a", "x"), QString());
     EXPECT_EQ(world.platform.settings->value("x", "b"), QString());
-    world.platform.settings->set_value("a", "b", "");
+    (void)world.platform.settings->set_value("a", "b", "");
     EXPECT_EQ(world.platform.settings->value("a", "b"), QString());
 }
 
@@ -65,15 +69,49 @@ TEST(Settings_Store, A_damaged_file_has_no_values_and_can_be_written_again) {
     Platform_World world;
     world.write("settings.conf", QByteArray("\xff\xfe\0\x01[[[ = \n]=\\x", 15));
     EXPECT_EQ(world.platform.settings->value("a", "b"), QString());
-    world.platform.settings->set_value("a", "b", "c");
+    (void)world.platform.settings->set_value("a", "b", "c");
     EXPECT_EQ(world.platform.settings->value("a", "b"), "c");
+}
+
+TEST(Settings_Store, A_value_that_is_written_is_no_fault) {
+    Platform_World world;
+    EXPECT_FALSE(world.platform.settings->set_value("a", "b", "c"));
+    EXPECT_FALSE(world.platform.settings->set_value("a", "b", "c"));
+}
+
+TEST(Settings_Store, A_full_disk_is_told_and_the_old_values_are_whole) {
+    Platform_World world;
+    ASSERT_FALSE(world.platform.settings->set_value("a", "old", "x"));
+    const QByteArray before = world.read("settings.conf");
+    const int told = In_own_process([&] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{100, 100};
+        if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
+            return -1;
+        return Number_of(world.platform.settings->set_value("a", "large", QString(4000, 'x')));
+    });
+    EXPECT_EQ(told, Number_of(Fault_Kind::no_space));
+    EXPECT_EQ(world.read("settings.conf"), before);
+    EXPECT_EQ(world.names(""), (QStringList{"prefix", "settings.conf"}));
+}
+
+TEST(Settings_Store, A_folder_that_may_not_be_written_is_told) {
+    Platform_World world;
+    world.make_folder("locked");
+    Linux_Options options = world.options();
+    options.settings_file = world.native("locked/settings.conf");
+    world.give_away("locked", 0500);
+    const int told = As_ordinary_user(
+        [&] { return Number_of(Make_Linux_Platform(options).settings->set_value("a", "b", "c")); });
+    EXPECT_EQ(told, Number_of(Fault_Kind::no_access));
+    EXPECT_EQ(world.names("locked"), QStringList());
 }
 
 TEST(Settings_Store, Without_a_file_of_its_own_it_is_in_the_users_configuration_folder) {
     Platform_World world;
     const QByteArray before = qgetenv("XDG_CONFIG_HOME");
     qputenv("XDG_CONFIG_HOME", world.bytes("config"));
-    Make_Linux_Platform({world.native("prefix"), {}, {}}).settings->set_value("a", "b", "c");
+    (void)Make_Linux_Platform({world.native("prefix"), {}, {}}).settings->set_value("a", "b", "c");
     before.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", before);
     EXPECT_EQ(world.read("config/vantrosk/vantrosk.conf"), "[a]\nb=c\n");
 }

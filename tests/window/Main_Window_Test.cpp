@@ -36,7 +36,7 @@ protected:
     QAction *Action(const QString &name) { return world.window().findChild<QAction *>("action_" + name); }
     QString Stored(const QString &key) { return world.files.platform.settings->value("FORMSETTINGS", key); }
     void Store(const QString &key, const QString &value) {
-        world.files.platform.settings->set_value("FORMSETTINGS", key, value);
+        (void)world.files.platform.settings->set_value("FORMSETTINGS", key, value);
     }
     bool Is_idle() { return !world.window().commands->is_working() && !world.program().screen.busy; }
     bool Wait_for(const std::function<bool()> &done) {

@@ -104,7 +104,7 @@ Fault Write_undo_list(Program &program, const QString &game_path, const Undo_Lis
     lines += list.files;
     if (list.is_original())
         lines << QString();
-    Fault fault = Write_text_lines(program, Undo_list_path(game_path), lines);
+    Fault fault = Write_text_lines(program, Undo_list_path(game_path), lines, Outlives::a_loss_of_power);
     if (fault)
         debug_print(program, "MAIN FORM: " + fault.text);
     return fault;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Folder_State.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
-
-#include <sys/stat.h>
 
 #include <mutex>
 
@@ -19,12 +19,11 @@ public:
 
 private:
     struct Folder {
-        struct stat seen {};
-        bool settled = false; ///< whether a later change is sure to show in the dates
+        Folder_State state;
         QHash<QString, QByteArray> names;
     };
 
-    static Folder read(const QByteArray &folder, const struct stat &seen);
+    static Folder read(const QByteArray &folder, const Folder_State &state);
 
     std::mutex lock_;
     QHash<QByteArray, Folder> folders_;

@@ -1,7 +1,8 @@
 #include "Linux_Parts.h"
 #include "Native_Io.h"
 
-#include <QRandomGenerator>
+#include "platform/Native_Text.h"
+#include "platform/Staged_File.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -37,6 +38,10 @@ bool Same_file(const struct stat &one, const struct stat &other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
+QDateTime Moment_of(const timespec &time) {
+    return QDateTime::fromMSecsSinceEpoch(time.tv_sec * 1000LL + time.tv_nsec / 1000000);
+}
+
 File_Info Info_of(const QString &name, const struct stat &info, bool is_link) {
     File_Info result;
     result.name = name;
@@ -44,8 +49,7 @@ File_Info Info_of(const QString &name, const struct stat &info, bool is_link) {
     result.is_link = is_link;
     result.read_only = (info.st_mode & S_IWUSR) == 0;
     result.size = S_ISREG(info.st_mode) ? info.st_size : 0;
-    result.modified =
-        QDateTime::fromMSecsSinceEpoch(info.st_mtim.tv_sec * 1000LL + info.st_mtim.tv_nsec / 1000000);
+    result.modified = Moment_of(info.st_mtim);
     return result;
 }
 
@@ -54,64 +58,16 @@ bool Is_file_or_folder(const struct stat &info) {
     return S_ISREG(info.st_mode) || S_ISDIR(info.st_mode);
 }
 
-/// A new file beside its target, gone again unless it was moved over the target.
-class Beside_File {
-public:
-    explicit Beside_File(const QByteArray &target) : target_(target) {}
-    ~Beside_File() {
-        if (!name_.isEmpty())
-            ::unlink(name_.constData());
-    }
-    Q_DISABLE_COPY(Beside_File)
-
-    /// With the rights and the owner of what it will replace, or those given for a new file.
-    bool open(mode_t new_file_mode) {
-        for (int attempt = 0; attempt < 100 && !file_; ++attempt) {
-            const QByteArray number = QByteArray::number(QRandomGenerator::global()->generate(), 16);
-            const QByteArray name = Join_native(Folder_of(target_), ".vantrosk-" + number + ".tmp");
-            file_ = File_Handle(
-                ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, new_file_mode | S_IWUSR));
-            if (file_)
-                name_ = name;
-            else if (errno != EEXIST)
-                return false;
-        }
-        struct stat old {};
-        if (file_ && ::stat(target_.constData(), &old) == 0 && S_ISREG(old.st_mode)) {
-            // Only root may give a file away; for others the owner is right already.
-            if (::fchown(file_.number(), old.st_uid, old.st_gid) != 0)
-                errno = 0;
-            return ::fchmod(file_.number(), old.st_mode & permission_bits) == 0;
-        }
-        return bool(file_);
-    }
-    int number() const { return file_.number(); }
-    bool finish() {
-        struct stat old {};
-        if (::lstat(target_.constData(), &old) == 0 && S_ISDIR(old.st_mode)) {
-            errno = EISDIR;
-            return false;
-        }
-        if (file_.close() != 0 || ::rename(name_.constData(), target_.constData()) != 0)
-            return false;
-        name_.clear();
-        return true;
-    }
-
-private:
-    QByteArray target_;
-    QByteArray name_;
-    File_Handle file_;
-};
-
-bool Copy_content(int from, int to) {
+Fault Copy_content(int from, const QByteArray &source, Staged_File &to) {
     QByteArray buffer(copy_step, Qt::Uninitialized);
     while (true) {
         const qint64 got = Read_fully(from, buffer.data(), copy_step);
-        if (got < 0 || !Write_fully(to, buffer.constData(), got))
-            return false;
+        if (got < 0)
+            return System_fault(errno, QStringLiteral("read"), source);
+        if (const Fault fault = to.write(buffer.constData(), got))
+            return fault;
         if (got < copy_step)
-            return true;
+            return {};
     }
 }
 
@@ -134,28 +90,25 @@ bool Same_content(const QByteArray &one, const QByteArray &other) {
     }
 }
 
+/// On the disk before it returns: what was copied is often deleted next.
 Fault Copy_native(const QByteArray &from, const QByteArray &to) {
     struct stat info {};
     const auto source = Open_ordinary_file(from, &info);
     if (!source.ok())
         return source.fault;
-    const auto failed = [&] {
-        return System_fault(errno, QStringLiteral("write"), to);
-    };
-    Beside_File copy(to);
-    if (!copy.open(info.st_mode & permission_bits) || !Copy_content(source.value.number(), copy.number()))
-        return failed();
-    const timespec times[2] = {{0, UTIME_NOW}, info.st_mtim};
-    if (::futimens(copy.number(), times) != 0 || !copy.finish())
-        return failed();
-    return {};
+    Staged_File copy(Native_text(to));
+    if (const Fault fault = copy.open(static_cast<int>(info.st_mode | S_IWUSR)))
+        return fault;
+    if (const Fault fault = Copy_content(source.value.number(), from, copy))
+        return fault;
+    return copy.keep(Moment_of(info.st_mtim), Outlives::a_loss_of_power);
 }
 
 class Linux_Files : public Files {
 public:
     explicit Linux_Files(std::shared_ptr<const Path_Map> paths) : paths_(std::move(paths)) {}
 
-    QString to_native(const QString &path) const override { return QString::fromUtf8(paths_->native(path)); }
+    QString to_native(const QString &path) const override { return Native_text(paths_->native(path)); }
     QString to_windows(const QString &native_path) const override { return paths_->windows(native_path); }
 
     Result<std::shared_ptr<void>> lock_folder(const QString &path) override;
@@ -167,7 +120,12 @@ public:
     Result<QByteArray> read_start(const QString &path, qint64 count) const override {
         return read(path, count, Overlong::cut);
     }
-    Fault write_file(const QString &path, const QByteArray &bytes) override;
+    Fault write_file(const QString &path, const QByteArray &bytes) override {
+        return write(path, bytes, Outlives::a_kill);
+    }
+    Fault write_lasting_file(const QString &path, const QByteArray &bytes) override {
+        return write(path, bytes, Outlives::a_loss_of_power);
+    }
     Fault append_file(const QString &path, const QByteArray &bytes) override;
     Fault move_file(const QString &from, const QString &to) override;
     Fault copy_file(const QString &from, const QString &to) override;
@@ -180,6 +138,7 @@ public:
 
 private:
     Result<QByteArray> read(const QString &path, qint64 limit, Overlong overlong) const;
+    Fault write(const QString &path, const QByteArray &bytes, Outlives outlives);
     QByteArray move_target(const QByteArray &source, const QString &to) const;
 
     std::shared_ptr<const Path_Map> paths_;
@@ -248,14 +207,16 @@ Result<QByteArray> Linux_Files::read(const QString &path, qint64 limit, Overlong
     return Read_native_file(native, limit, overlong);
 }
 
-Fault Linux_Files::write_file(const QString &path, const QByteArray &bytes) {
+Fault Linux_Files::write(const QString &path, const QByteArray &bytes, Outlives outlives) {
     const QByteArray native = paths_->native(path);
     if (native.isEmpty())
         return Not_found(path);
-    Beside_File file(native);
-    if (!file.open(0666) || !Write_fully(file.number(), bytes.constData(), bytes.size()) || !file.finish())
-        return System_fault(errno, QStringLiteral("write"), native);
-    return {};
+    Staged_File file(Native_text(native));
+    if (const Fault fault = file.open())
+        return fault;
+    if (const Fault fault = file.write(bytes.constData(), bytes.size()))
+        return fault;
+    return file.keep({}, outlives);
 }
 
 Fault Linux_Files::append_file(const QString &path, const QByteArray &bytes) {
@@ -320,7 +281,7 @@ Fault Linux_Files::move_file(const QString &from, const QString &to) {
         return fault;
     if (!Same_content(source, target))
         return {Fault_Kind::damaged, QStringLiteral("The copy \"%1\" differs from \"%2\", which was kept.")
-                                         .arg(QString::fromUtf8(target), QString::fromUtf8(source))};
+                                         .arg(Native_text(target), Native_text(source))};
     return ::unlink(source.constData()) != 0 ? failed(source) : Fault{};
 }
 
@@ -384,10 +345,7 @@ Fault Linux_Files::set_modified(const QString &path, const QDateTime &when) {
     const QByteArray native = paths_->native(path);
     if (native.isEmpty())
         return Not_found(path);
-    const qint64 time = when.toMSecsSinceEpoch();
-    const qint64 seconds = time >= 0 ? time / 1000 : -((999 - time) / 1000);
-    const timespec times[2] = {{0, UTIME_OMIT},
-                               {seconds, static_cast<long>((time - seconds * 1000) * 1000000)}};
+    const timespec times[2] = {{0, UTIME_OMIT}, Time_of(when)};
     if (::utimensat(AT_FDCWD, native.constData(), times, 0) != 0)
         return System_fault(errno, QStringLiteral("date"), native);
     return {};
@@ -398,7 +356,7 @@ QString Linux_Files::real_path(const QString &path) const {
     if (native.isEmpty())
         return {};
     const QByteArray resolved = Resolve_links(native);
-    return resolved.isEmpty() ? QString() : paths_->windows(QString::fromUtf8(resolved));
+    return resolved.isEmpty() ? QString() : paths_->windows(Native_text(resolved));
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 #include "Native_Io.h"
 #include "Process_Table.h"
 
+#include "platform/Native_Text.h"
+
 #include <QDir>
 #include <QHash>
 
@@ -69,12 +71,12 @@ QString Find_in_path(const QString &name) {
     };
     if (name.contains(QLatin1Char('/'))) {
         const QString path = QDir::current().absoluteFilePath(name);
-        return usable(path.toUtf8()) ? path : QString();
+        return usable(Native_bytes(path)) ? path : QString();
     }
-    const QByteArray wanted = name.toUtf8();
+    const QByteArray wanted = Native_bytes(name);
     for (const QByteArray &folder : qgetenv("PATH").split(':'))
         if (folder.startsWith('/') && usable(folder + '/' + wanted))
-            return QString::fromUtf8(folder + '/' + wanted);
+            return Native_text(folder + '/' + wanted);
     return {};
 }
 
@@ -143,11 +145,11 @@ QString Linux_Processes::native_argument(const QString &argument) const {
     if (path.size() < 3 || !Is_windows_path(path))
         return argument;
     const QByteArray native = paths_->native(path);
-    return native.isEmpty() ? argument : argument.left(start) + QString::fromUtf8(native);
+    return native.isEmpty() ? argument : argument.left(start) + Native_text(native);
 }
 
 QStringList Linux_Processes::native_command(const QByteArray &native, const QStringList &arguments) const {
-    QStringList command{QString::fromUtf8(native)};
+    QStringList command{Native_text(native)};
     for (const QString &argument : arguments)
         command << native_argument(argument);
     return command;
@@ -195,24 +197,24 @@ Result<Start_Result> Linux_Processes::command_for(const Start_Request &request) 
         return result;
     }
     if (!S_ISREG(info.st_mode)) {
-        result.fault = {
-            Fault_Kind::not_found,
-            QStringLiteral("Could not start \"%1\": it is not a file.").arg(QString::fromUtf8(native))};
+        result.fault = {Fault_Kind::not_found,
+                        QStringLiteral("Could not start \"%1\": it is not a file.").arg(Native_text(native))};
         return result;
     }
     QByteArray folder = paths_->native(request.working_folder);
     if (request.working_folder.isEmpty())
         folder = native.left(qMax<qsizetype>(native.lastIndexOf('/'), 1));
     if (folder.isEmpty() || ::stat(folder.constData(), &info) != 0 || !S_ISDIR(info.st_mode)) {
-        const QString name = folder.isEmpty() ? request.working_folder : QString::fromUtf8(folder);
-        result.fault = {Fault_Kind::not_found, QStringLiteral("There is no folder \"%1\" to start \"%2\" in.")
-                                                   .arg(name, QString::fromUtf8(native))};
+        const QString name = folder.isEmpty() ? request.working_folder : Native_text(folder);
+        result.fault = {
+            Fault_Kind::not_found,
+            QStringLiteral("There is no folder \"%1\" to start \"%2\" in.").arg(name, Native_text(native))};
         return result;
     }
     const auto command = program_command(request, native);
     result.fault = command.fault;
     result.value.command = command.value;
-    result.value.working_folder_path = QString::fromUtf8(folder);
+    result.value.working_folder_path = Native_text(folder);
     return result;
 }
 
@@ -221,7 +223,7 @@ QByteArrayList Linux_Processes::environment() const {
     for (char **entry = environ; *entry; ++entry)
         if (!QByteArray::fromRawData(*entry, qstrlen(*entry)).startsWith("WINEPREFIX="))
             texts << QByteArray(*entry);
-    return texts << "WINEPREFIX=" + paths_->prefix().toUtf8();
+    return texts << "WINEPREFIX=" + Native_bytes(paths_->prefix());
 }
 
 Result<Start_Result> Linux_Processes::start(const Start_Request &request) {
@@ -230,9 +232,9 @@ Result<Start_Result> Linux_Processes::start(const Start_Request &request) {
         return result;
     Detached_Request detached;
     for (const QString &argument : result.value.command)
-        detached.command << argument.toUtf8();
+        detached.command << Native_bytes(argument);
     detached.environment = environment();
-    detached.working_folder = result.value.working_folder_path.toUtf8();
+    detached.working_folder = Native_bytes(result.value.working_folder_path);
     const Detached_Result started = Start_detached(detached);
     if (started.failed_at != Detached_Step::started) {
         const bool folder = started.failed_at == Detached_Step::enter_folder;

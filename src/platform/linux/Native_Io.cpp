@@ -1,59 +1,24 @@
 #include "Native_Io.h"
 
+#include "platform/Native_Text.h"
+#include "platform/System_Fault.h"
+
 #include <fcntl.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <system_error>
 
 namespace vantrosk {
 
-namespace {
-
-struct Error_Row {
-    int number;
-    Fault_Kind kind;
-    const char *reason;
-};
-
-constexpr Error_Row error_rows[] = {
-    {ENOENT, Fault_Kind::not_found, "there is no such file or folder"},
-    {ENOTDIR, Fault_Kind::not_found, "a part of its path is not a folder"},
-    {ENXIO, Fault_Kind::not_found, "the device is not there"},
-    {ENODEV, Fault_Kind::not_found, "the device is not there"},
-    {EEXIST, Fault_Kind::exists, "something of that name is in the way"},
-    {EISDIR, Fault_Kind::exists, "a folder of that name is in the way"},
-    {ENOTEMPTY, Fault_Kind::exists, "the folder is not empty"},
-    {EACCES, Fault_Kind::no_access, "the rights do not allow it"},
-    {EPERM, Fault_Kind::no_access, "the system does not allow it"},
-    {EROFS, Fault_Kind::no_access, "the medium is read-only"},
-    {ETXTBSY, Fault_Kind::no_access, "the program is running"},
-    {EBUSY, Fault_Kind::no_access, "it is in use"},
-    {ENOSPC, Fault_Kind::no_space, "the disk is full"},
-    {EDQUOT, Fault_Kind::no_space, "the disk quota is used up"},
-    {EFBIG, Fault_Kind::no_space, "the file would be larger than the system allows"},
-    {ELOOP, Fault_Kind::not_found, "its links lead in a circle"},
-    {ENAMETOOLONG, Fault_Kind::other, "the name is too long"},
-    {ENOEXEC, Fault_Kind::other, "it is not a program that this system can run"},
-};
-
-} // namespace
-
 Fault System_fault(int number, const QString &action, const QByteArray &native_path) {
-    Fault fault{Fault_Kind::other, QString(), number};
-    QString reason;
-    for (const Error_Row &row : error_rows) {
-        if (row.number != number)
-            continue;
-        fault.kind = row.kind;
-        reason = QLatin1String(row.reason);
-    }
-    if (reason.isEmpty())
-        reason = QString::fromStdString(std::system_category().message(number));
-    fault.text =
-        QStringLiteral("Could not %1 \"%2\": %3.").arg(action, QString::fromUtf8(native_path), reason);
-    return fault;
+    return System_fault(number, action, Native_text(native_path));
+}
+
+timespec Time_of(const QDateTime &when) {
+    const qint64 time = when.toMSecsSinceEpoch();
+    const qint64 seconds = time >= 0 ? time / 1000 : -((999 - time) / 1000);
+    return {seconds, static_cast<long>((time - seconds * 1000) * 1000000)};
 }
 
 const char *Folder_Reader::next() {
@@ -80,7 +45,7 @@ Result<File_Handle> Open_ordinary_file(const QByteArray &native_path, struct sta
     struct stat info {};
     const auto refuse = [&](Fault_Kind kind, const char *reason) {
         result.fault = {kind, QStringLiteral("Could not read \"%1\": %2.")
-                                  .arg(QString::fromUtf8(native_path), QLatin1String(reason))};
+                                  .arg(Native_text(native_path), QLatin1String(reason))};
     };
     const auto check = [&]() {
         if (S_ISDIR(info.st_mode))
@@ -167,7 +132,7 @@ Result<QByteArray> Read_native_file(const QByteArray &native_path, qint64 limit,
         result.value.clear();
         result.fault = {Fault_Kind::too_large,
                         QStringLiteral("Could not read \"%1\": it is longer than %2 bytes.")
-                            .arg(QString::fromUtf8(native_path))
+                            .arg(Native_text(native_path))
                             .arg(limit)};
     }
     return result;

@@ -3,6 +3,7 @@
 #include "platform/Fault.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QString>
 
 #include <dirent.h>
@@ -13,9 +14,11 @@
 
 namespace vantrosk {
 
-/// The fault for one of the system's error numbers. `action` completes "Could not ... "name": reason.",
-/// for example "read".
+/// As in platform/System_Fault.h, about a native path.
 Fault System_fault(int number, const QString &action, const QByteArray &native_path);
+
+/// A moment as the system counts it.
+timespec Time_of(const QDateTime &when);
 
 /// Closes its file at the end of the scope.
 class File_Handle {
@@ -34,6 +37,8 @@ public:
 
     explicit operator bool() const { return number_ >= 0; }
     int number() const { return number_; }
+    /// The number, for somebody else to close.
+    int release() { return std::exchange(number_, -1); }
     /// Closes now; the system's answer, because a full disk may show only here.
     int close() { return ::close(std::exchange(number_, -1)); }
 

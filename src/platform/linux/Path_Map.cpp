@@ -2,19 +2,16 @@
 
 #include "Native_Io.h"
 
+#include "platform/Native_Text.h"
+
 #include <QList>
 #include <QStringList>
 
 #include <sys/stat.h>
-#include <unistd.h>
-
-#include <climits>
 
 namespace vantrosk {
 
 namespace {
-
-constexpr QChar backslash_stand_in(0xF05C);
 
 bool Is_separator(QChar c) {
     return c == QLatin1Char('\\') || c == QLatin1Char('/');
@@ -43,7 +40,12 @@ void Add_part(QList<Part> &parts, const Part &part) {
         parts.removeLast();
 }
 
-/// An absolute native path without ".", ".." and doubled separators; empty for "/".
+bool Is_below(const QByteArray &path, const QByteArray &root) {
+    return path == root || (path.startsWith(root) && path.size() > root.size() && path[root.size()] == '/');
+}
+
+} // namespace
+
 QByteArray Clean_native(const QByteArray &path) {
     QList<QByteArray> parts;
     for (const QByteArray &part : path.split('/'))
@@ -52,31 +54,6 @@ QByteArray Clean_native(const QByteArray &path) {
     for (const QByteArray &part : parts)
         cleaned += '/' + part;
     return cleaned;
-}
-
-QByteArray Read_link(const QByteArray &path) {
-    QByteArray target(PATH_MAX, '\0');
-    const ssize_t length = ::readlink(path.constData(), target.data(), static_cast<size_t>(target.size()));
-    target.truncate(length > 0 ? length : 0);
-    return target;
-}
-
-bool Is_below(const QByteArray &path, const QByteArray &root) {
-    return path == root || (path.startsWith(root) && path.size() > root.size() && path[root.size()] == '/');
-}
-
-} // namespace
-
-QString Name_from_native(const QByteArray &name) {
-    QString text = QString::fromUtf8(name);
-    text.replace(QLatin1Char('\\'), backslash_stand_in);
-    return text;
-}
-
-QByteArray Name_to_native(const QString &name) {
-    QString text = name;
-    text.replace(backslash_stand_in, QLatin1Char('\\'));
-    return text.toUtf8();
 }
 
 QString Fold_name(const QString &name) {
@@ -108,30 +85,18 @@ QString Last_name(const QString &path) {
     return path.mid(start, end - start);
 }
 
-Path_Map::Path_Map(const QString &prefix) {
-    prefix_bytes_ = Clean_native(prefix.toUtf8());
-    prefix_ = QString::fromUtf8(prefix_bytes_);
-}
+Path_Map::Path_Map(const QString &prefix)
+    : prefix_(Native_text(Clean_native(Native_bytes(prefix)))), drives_(Native_bytes(prefix_)) {}
 
-QByteArray Path_Map::drive_root(char letter) const {
+std::optional<QByteArray> Path_Map::drive_root(char letter) const {
     if (letter == 'z')
-        return {};
+        return QByteArray();
     if (letter == 'c')
-        return prefix_bytes_ + "/drive_c";
-    const QByteArray folder = prefix_bytes_ + "/dosdevices/";
-    const QByteArray entry = folder + letter + ':';
-    const QByteArray target = Read_link(entry);
-    if (target.isEmpty())
-        return entry;
-    return Clean_native(target.startsWith('/') ? target : folder + target);
-}
-
-std::vector<Path_Map::Drive> Path_Map::drives() const {
-    std::vector<Drive> found;
-    for (char letter = 'a'; letter < 'z'; ++letter)
-        if (letter != 'c' && Exists(prefix_bytes_ + "/dosdevices/" + letter + ':'))
-            found.push_back({letter, drive_root(letter)});
-    return found;
+        return drives_.drive_c().root;
+    for (const Drive &drive : drives_.letters())
+        if (drive.letter == letter)
+            return drive.root;
+    return std::nullopt;
 }
 
 QByteArray Path_Map::follow(QByteArray path, const QStringList &parts) const {
@@ -153,21 +118,20 @@ QByteArray Path_Map::follow(QByteArray path, const QStringList &parts) const {
 QByteArray Path_Map::native(const QString &path) const {
     if (!Is_windows_path(path) || path.contains(QChar(0)))
         return {};
-    const char letter = path[0].toLower().toLatin1();
-    if (letter != 'c' && letter != 'z' && !Exists(prefix_bytes_ + "/dosdevices/" + letter + ':'))
+    const auto root = drive_root(path[0].toLower().toLatin1());
+    if (!root)
         return {};
     QStringList parts;
     QString rest = path.mid(2);
     rest.replace(QLatin1Char('/'), QLatin1Char('\\'));
     for (const QString &part : rest.split(QLatin1Char('\\')))
         Add_part(parts, part);
-    const QByteArray root = drive_root(letter);
-    QByteArray exact = root;
+    QByteArray exact = *root;
     for (const QString &part : parts)
         exact += '/' + Name_to_native(part);
     if (exact.isEmpty())
         return "/";
-    return Exists(exact) ? exact : follow(root, parts);
+    return Exists(exact) ? exact : follow(*root, parts);
 }
 
 QString Path_Map::windows(const QString &native_path) const {
@@ -175,7 +139,7 @@ QString Path_Map::windows(const QString &native_path) const {
         return native_path;
     if (!native_path.startsWith(QLatin1Char('/')) || native_path.contains(QChar(0)))
         return {};
-    const QByteArray path = Clean_native(native_path.toUtf8());
+    const QByteArray path = Clean_native(Native_bytes(native_path));
     char letter = 'z';
     qsizetype matched = -1;
     const auto try_root = [&](char of, const QByteArray &root) {
@@ -185,16 +149,16 @@ QString Path_Map::windows(const QString &native_path) const {
         matched = root.size();
     };
     // A drive may be named by its link or by the folder behind it: both names come from outside.
-    const auto try_drive = [&](char of, const QByteArray &root) {
-        try_root(of, root);
-        if (const QByteArray resolved = Clean_native(Resolve_links(root)); !resolved.isEmpty())
-            try_root(of, resolved);
+    const auto try_drive = [&](const Drive &drive) {
+        if (!drive.root.isEmpty())
+            try_root(drive.letter, drive.root);
+        if (!drive.root.isEmpty() && !drive.resolved.isEmpty())
+            try_root(drive.letter, drive.resolved);
     };
-    try_drive('c', prefix_bytes_ + "/drive_c");
+    try_drive(drives_.drive_c());
     if (matched < 0)
-        for (const Drive &drive : drives())
-            if (!drive.root.isEmpty())
-                try_drive(drive.letter, drive.root);
+        for (const Drive &drive : drives_.letters())
+            try_drive(drive);
     QString windows = QString(QLatin1Char(letter)).toUpper() + QLatin1Char(':');
     for (const QByteArray &part : path.mid(qMax<qsizetype>(matched, 0)).split('/'))
         if (!part.isEmpty())

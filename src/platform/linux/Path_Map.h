@@ -1,12 +1,13 @@
 #pragma once
 
+#include "Drive_Table.h"
 #include "Folder_Names.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
-#include <vector>
+#include <optional>
 
 namespace vantrosk {
 
@@ -17,7 +18,7 @@ namespace vantrosk {
 ///     another letter   the prefix's link dosdevices/x:
 ///
 /// Both separators are understood, "." and ".." are resolved in the text and never lead above the root.
-/// A backslash inside a native name is U+F05C in a Windows path.
+/// Native paths are text as in platform/Native_Text.h.
 class Path_Map {
 public:
     /// `prefix` is an absolute native path; it need not exist.
@@ -34,24 +35,18 @@ public:
     QString windows(const QString &native_path) const;
 
 private:
-    struct Drive {
-        char letter;
-        QByteArray root; ///< without a separator at its end, so empty for "/"
-    };
-
-    QByteArray drive_root(char letter) const;
-    std::vector<Drive> drives() const;
+    /// Nothing for a letter that stands for nothing.
+    std::optional<QByteArray> drive_root(char letter) const;
     /// Follows the parts from a folder, each in the spelling found.
     QByteArray follow(QByteArray path, const QStringList &parts) const;
 
     QString prefix_;
-    QByteArray prefix_bytes_;
+    Drive_Table drives_;
     mutable Folder_Names names_;
 };
 
-/// One name: a backslash in the native one is U+F05C in the other. Bytes that are not UTF-8 read as U+FFFD.
-QString Name_from_native(const QByteArray &name);
-QByteArray Name_to_native(const QString &name);
+/// An absolute native path without ".", ".." and doubled separators; empty for "/".
+QByteArray Clean_native(const QByteArray &path);
 
 /// The form in which names are compared: case folded sign by sign, so that a name keeps its length.
 QString Fold_name(const QString &name);

@@ -3,6 +3,8 @@
 #include "Native_Io.h"
 #include "Path_Map.h"
 
+#include "platform/Native_Text.h"
+
 #include <QList>
 
 #include <algorithm>
@@ -28,10 +30,10 @@ bool Has_name(qint64 id, const QString &name) {
     const auto same = [&](const QString &text) {
         return text.compare(name, Qt::CaseInsensitive) == 0;
     };
-    if (process->short_name.size() < short_name_length && same(QString::fromUtf8(process->short_name)))
+    if (process->short_name.size() < short_name_length && same(Native_text(process->short_name)))
         return true;
     const QByteArray command = Read_entry(id, "cmdline");
-    return same(Last_name(QString::fromUtf8(command.left(command.indexOf('\0')))));
+    return same(Last_name(Native_text(command.left(command.indexOf('\0')))));
 }
 
 } // namespace

@@ -2,7 +2,10 @@
 #include "Native_Io.h"
 #include "Path_Map.h"
 
+#include "platform/Native_Text.h"
+
 #include <QHash>
+#include <QStringDecoder>
 
 #include <cctype>
 
@@ -36,10 +39,6 @@ struct Escape_Row {
 constexpr Escape_Row escape_rows[] = {
     {'a', 7}, {'b', 8}, {'t', 9}, {'n', 10}, {'v', 11}, {'f', 12}, {'r', 13}, {'e', 27},
 };
-
-/// Names to texts; keys are full key paths in lower case, value names too, "" is the unnamed value.
-using Values = QHash<QString, QString>;
-using Keys = QHash<QString, Values>;
 
 int Digit_value(char c, int base) {
     int value = -1;
@@ -137,54 +136,100 @@ std::optional<QString> Read_data(const QByteArray &data) {
     return std::nullopt;
 }
 
-void Read_value_line(const QByteArray &line, Values &values) {
+/// The data of a value line when it is of that name, which is folded.
+std::optional<QByteArray> Data_of_line(const QByteArray &line, const QString &wanted) {
     QString name;
     qsizetype at = 1;
     if (line[0] == '"') {
         const auto read = Read_escaped_text(line, at, '"');
         if (!read)
-            return;
+            return std::nullopt;
         name = *read;
     }
-    if (at >= line.size() || line[at] != '=')
-        return;
-    if (const auto text = Read_data(line.mid(at + 1)))
-        values.insert(Fold_name(name), *text);
+    if (at >= line.size() || line[at] != '=' || Fold_name(name) != wanted)
+        return std::nullopt;
+    return line.mid(at + 1);
+}
+
+/// Most files are UTF-8; one that was put together by other tools may have a mark at its start.
+QByteArray As_utf8(const QByteArray &file) {
+    const bool little = file.startsWith("\xFF\xFE");
+    if (little || file.startsWith("\xFE\xFF")) {
+        QStringDecoder decoder(little ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
+        return QString(decoder(QByteArrayView(file).sliced(2))).toUtf8();
+    }
+    return file.startsWith("\xEF\xBB\xBF") ? file.mid(3) : file;
 }
 
 /// A Wine registry file: "WINE REGISTRY Version 2", then "[Software\\Key] timestamp" with its lines
 /// "\"name\"=data" or "@=data". Binary data goes on over lines that end in a backslash. Lines that make no
-/// sense are passed over.
-Keys Parse_registry(const QByteArray &file) {
-    Keys keys;
-    if (!file.startsWith("WINE REGISTRY Version 2"))
-        return keys;
-    Values *values = nullptr;
-    QByteArray joined;
-    qsizetype start = 0;
-    while (start < file.size()) {
-        qsizetype end = file.indexOf('\n', start);
-        end = end < 0 ? file.size() : end;
-        const QByteArray line = joined + file.mid(start, end - start).trimmed();
-        joined.clear();
-        start = end + 1;
-        if (line.isEmpty())
-            continue;
-        if (line[0] == '[') {
-            qsizetype at = 1;
-            const auto key = Read_escaped_text(line, at, ']');
-            values = key ? &keys[Fold_name(*key)] : nullptr;
-            continue;
+/// sense are passed over, and take no other with them. Most of such a file is never asked for: only the
+/// places of the keys are noted.
+class Registry_Text {
+public:
+    Registry_Text() = default;
+    explicit Registry_Text(const QByteArray &file) : file_(As_utf8(file)) {
+        if (!file_.startsWith("WINE REGISTRY Version 2"))
+            file_.clear();
+        qsizetype at = 0;
+        while (at < file_.size()) {
+            const QByteArrayView line = next_line(at);
+            if (line.startsWith('['))
+                note_key(line, at);
         }
-        if (line[0] != '"' && line[0] != '@')
-            continue;
-        if (line.endsWith(",\\") || line.endsWith(":\\"))
-            joined = line.chopped(1);
-        else if (values)
-            Read_value_line(line, *values);
     }
-    return keys;
-}
+
+    /// A key or a name that comes twice counts as it stands last. Both are folded.
+    std::optional<QString> value(const QString &key, const QString &name) const {
+        std::optional<QString> found;
+        const auto places = places_.constFind(key);
+        if (places == places_.constEnd())
+            return found;
+        for (const qsizetype place : *places)
+            if (const auto text = value_behind(place, name))
+                found = text;
+        return found;
+    }
+
+private:
+    /// The line at that place without the blanks around it; moves the place to the next one.
+    QByteArrayView next_line(qsizetype &at) const {
+        const qsizetype end = file_.indexOf('\n', at);
+        const QByteArrayView line = QByteArrayView(file_).sliced(at, (end < 0 ? file_.size() : end) - at);
+        at = end < 0 ? file_.size() : end + 1;
+        return line.trimmed();
+    }
+
+    void note_key(QByteArrayView line, qsizetype behind) {
+        qsizetype at = 1;
+        if (const auto key = Read_escaped_text(line.toByteArray(), at, ']'))
+            places_[Fold_name(*key)] << behind;
+    }
+
+    std::optional<QString> value_behind(qsizetype place, const QString &name) const {
+        std::optional<QString> found;
+        QByteArray joined;
+        for (qsizetype at = place; at < file_.size();) {
+            const QByteArrayView line = next_line(at);
+            if (line.startsWith('['))
+                break;
+            const bool begins = line.startsWith('"') || line.startsWith('@');
+            joined = begins ? line.toByteArray() : joined.isEmpty() ? joined : joined + line.toByteArray();
+            if (joined.endsWith(",\\") || joined.endsWith(":\\")) {
+                joined.chop(1);
+                continue;
+            }
+            if (const auto data = joined.isEmpty() ? std::nullopt : Data_of_line(joined, name))
+                if (const auto text = Read_data(*data))
+                    found = text;
+            joined.clear();
+        }
+        return found;
+    }
+
+    QByteArray file_;
+    QHash<QString, QList<qsizetype>> places_; ///< behind the line of each key
+};
 
 /// One file, parsed when first asked for and again when it has changed.
 class Registry_File {
@@ -193,18 +238,14 @@ public:
 
     std::optional<QString> value(const QString &key, const QString &name) {
         refresh();
-        const auto found = keys_.constFind(Fold_name(key));
-        if (found == keys_.constEnd())
-            return std::nullopt;
-        const auto value = found->constFind(Fold_name(name));
-        return value == found->constEnd() ? std::nullopt : std::optional<QString>(*value);
+        return text_.value(Fold_name(key), Fold_name(name));
     }
 
 private:
     void refresh() {
         struct stat info {};
         if (::stat(path_.constData(), &info) != 0) {
-            keys_.clear();
+            text_ = Registry_Text();
             seen_ = {};
             return;
         }
@@ -213,19 +254,19 @@ private:
                           info.st_mtim.tv_nsec == seen_.st_mtim.tv_nsec;
         if (same)
             return;
-        keys_ = Parse_registry(Read_native_file(path_, largest_file, Overlong::refuse).value);
+        text_ = Registry_Text(Read_native_file(path_, largest_file, Overlong::refuse).value);
         seen_ = info;
     }
 
     QByteArray path_;
     struct stat seen_ {};
-    Keys keys_;
+    Registry_Text text_;
 };
 
 class Wine_Registry : public Registry {
 public:
     explicit Wine_Registry(const QString &prefix)
-        : machine_(prefix.toUtf8() + "/system.reg"), user_(prefix.toUtf8() + "/user.reg") {}
+        : machine_(Native_bytes(prefix) + "/system.reg"), user_(Native_bytes(prefix) + "/user.reg") {}
 
     std::optional<QString> read(const QString &path) const override {
         const qsizetype root_end = path.indexOf(QLatin1Char('\\'));

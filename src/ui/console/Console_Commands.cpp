@@ -1,6 +1,7 @@
 #include "ui/console/Console_Commands.h"
 
 #include "core/Games.h"
+#include "core/Ini_Rules.h"
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
 #include "install/Do_Install.h"
@@ -84,7 +85,8 @@ Console_Result Ini_command(const Console_Context &context, const char *usage, Pa
         throw Wrong_Usage(QStringLiteral("a value stands on one line"));
     const QString value = paths_at_the_door ? Main_value_at_the_door(context.program, key, given) : given;
     if (!set_value(context.program, key, value))
-        throw Wrong_Usage(QStringLiteral("\"%1\" can not hold \"%2\"").arg(key, given));
+        throw Wrong_Usage(
+            QStringLiteral("\"%1\" can not hold \"%2\": it is %3").arg(key, given, Ini_rule(key)));
     if (const Fault fault = write_file(context.program))
         return Failed(fault.text);
     return Show_pairs(pairs_of(context.program), key);
