@@ -1,7 +1,5 @@
 #include "audio/Sound_Source.h"
-
-#include <QFile>
-#include <QFileInfo>
+#include "platform/Native_File.h"
 
 #include <sndfile.h>
 
@@ -17,7 +15,7 @@ class Sound_File : public Sound_Source {
 public:
     explicit Sound_File(const QString &native) {
         SF_INFO info{};
-        sound_.reset(sf_open(QFile::encodeName(native).constData(), SFM_READ, &info));
+        sound_.reset(sf_open(Native_path(native).c_str(), SFM_READ, &info));
         if (!sound_)
             return;
         const int encoding = info.format & SF_FORMAT_SUBMASK;
@@ -40,7 +38,8 @@ private:
 } // namespace
 
 std::unique_ptr<Sound_Source> Open_sound_file(const QString &native) {
-    if (!QFileInfo(native).isFile())
+    std::error_code none;
+    if (!std::filesystem::is_regular_file(Native_path(native), none))
         return nullptr;
     auto sound = std::make_unique<Sound_File>(native);
     if (!sound->is_open())

@@ -8,7 +8,6 @@
 #include "zip/Zip_Archive.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -133,9 +132,7 @@ Fault cUnzip::Directory() {
     const QString native = files_.to_native(ZipFile);
     if (const Fault fault = Check_archive_file(native, Name_of_path(ZipFile)))
         return fault;
-    state_->plain.setFileName(native);
-    if (!state_->plain.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ||
-        !Read_plain_directory(state_->plain, state_->list)) {
+    if (!Open_native_file(state_->plain, native) || !Read_plain_directory(state_->plain, state_->list)) {
         state_->plain.close();
         state_->list.clear();
         if (const Fault fault = Open_archive())

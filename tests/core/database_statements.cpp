@@ -141,6 +141,8 @@ constexpr Shape shapes[] = {
      "6|Tom's.zip|Tom\"s Day|Émile|SS2|-|-|-|-|-|-|-|1|-|-|-|-|-|-|-|-|-|-|-|-|-|-"},
     {"SELECT zip_name FROM Table_Scores WHERE zip_name = \"BETA.zip\" and (game = 'T1' or game = 'TG')",
      nullptr, "beta.zip / Beta.zip"},
+    {"SELECT * FROM Table_Scores WHERE zip_name = \"tom's.ZIP\" and (game = 'T1' or game = 'SS2')", nullptr,
+     "6|Tom's.zip|Tom\"s Day|Émile|SS2|-|-|-|-|-|-|-|1|-|-|-|-|-|-|-|-|-|-|-|-|-|-"},
     {"SELECT zip_name FROM Table_Scores WHERE zip_name = \"doom.zip\" and (game = 'DMOD' or game = 'DOOM')",
      nullptr, "Doom.zip"},
     {"Update Table_Scores SET zip_date = '2010/05/06'  WHERE zip_name = 'dark.zip' and game = 'DMOD'",
@@ -224,6 +226,12 @@ constexpr Shape shapes[] = {
      "SELECT zip_name,average_score FROM Table_Scores WHERE group_submissions = 2", "Tom's.zip|5"},
     {"SELECT * FROM table_general WHERE general_type = 'Last_downloaded'", nullptr,
      "1|Last_downloaded|2026-01-01 00:00:00|-"},
+    {"UPDATE table_general SET date_last_done = now(), result = '1' WHERE general_type = 'Last_downloaded'",
+     "SELECT date_last_done,result FROM table_general WHERE result = '1'", "2026-11-19 22:14:05|1"},
+    {"INSERT INTO table_general (general_type,date_last_done) VALUES ('Last_FM_check',now())",
+     "SELECT count(*) FROM table_general", "4"},
+    {"INSERT INTO table_general (general_type,date_last_done) VALUES ('RSS_Last_downloaded',now())",
+     "SELECT count(*) FROM table_general", "4"},
     {"INSERT INTO table_general (general_type,date_last_done) VALUES ('Last_downloaded',now())",
      "SELECT date_last_done FROM table_general WHERE general_type = 'Last_downloaded' ORDER BY id",
      "2026-01-01 00:00:00 / 2026-11-19 22:14:05"},
@@ -237,6 +245,15 @@ constexpr Shape shapes[] = {
     {"SELECT zip_name FROM Table_Updates where update_category = 'Game Enhancement Packs' order by zip_name "
      "desc",
      nullptr, "t2_pack1.zip / T1_Pack1.zip"},
+    {"SELECT * FROM Table_Updates where update_category = 'Game Enhancement Packs' order by zip_name desc",
+     nullptr,
+     "2|Game Enhancement Packs|1|t2_pack1.zip|1|0|- / "
+     "1|Game Enhancement Packs|1|T1_Pack1.zip|0|1|2026-12-19 22:14:05"},
+    {"SELECT * FROM Table_Updates where reminder_date > now()", nullptr,
+     "1|Game Enhancement Packs|1|T1_Pack1.zip|0|1|2026-12-19 22:14:05"},
+    {"SELECT * FROM Table_Updates order by update_category, zip_name", nullptr,
+     "1|Game Enhancement Packs|1|T1_Pack1.zip|0|1|2026-12-19 22:14:05 / "
+     "2|Game Enhancement Packs|1|t2_pack1.zip|1|0|- / 3|Vantrosk Help Files Version|5|F|1|0|-"},
     {"SELECT zip_name FROM Table_Updates order by update_category, zip_name", nullptr,
      "T1_Pack1.zip / t2_pack1.zip / F"},
     {"SELECT zip_name,reminder_date FROM Table_Updates where reminder_date > now()", nullptr,
@@ -258,6 +275,11 @@ constexpr Shape shapes[] = {
     // Feed, presence, forms.
     {"SELECT zip_name,FM_name FROM Table_Scores where installed = 1 and game = 'T2'", nullptr,
      "Alpha.zip|Alpha"},
+    {"SELECT * FROM Table_Scores where installed = 1 and game = 'SS2'", nullptr,
+     "6|Tom's.zip|Tom\"s Day|Émile|SS2|-|-|-|-|-|-|-|1|-|-|-|-|-|-|-|-|-|-|-|-|-|-"},
+    {"SELECT * FROM Table_Scores WHERE zip_name = 'none.zip' or zip_name ='tom''s.zip' or zip_name "
+     "='invalid_zip_name_to_stop_errors.zip' order by zip_name",
+     nullptr, "6|Tom's.zip|Tom\"s Day|Émile|SS2|-|-|-|-|-|-|-|1|-|-|-|-|-|-|-|-|-|-|-|-|-|-"},
     {"select count(*) as already_submitted from table_competitions where competition_ref = 'Contest_1'",
      nullptr, "1"},
     {"SELECT zip_name FROM Table_Scores WHERE zip_name = 'ALPHA.zip' or zip_name ='beta.zip' or zip_name "
@@ -272,6 +294,19 @@ constexpr Shape shapes[] = {
      "run_when = 't2*t1*tg*ss2*t2x*dm*'",
      "0||2026-11-19 22:14:05||T2*T1*TG*SS2*T2X*DM*|1|-"},
     {"SELECT tool_name FROM Table_Tools ORDER BY tool_name", nullptr, "all / Beep / VKVIDFIX"},
+    {"SELECT * FROM Table_Tools ORDER BY tool_name", nullptr,
+     "2|all|a.exe|-|-|-|-|-|all*|-|0 / 1|Beep|b.exe|-|-|-|-|-|*T2*T1*|-|0 / "
+     "3|VKVIDFIX|Vantrosk_Video_Fix.bat|-|-|-|-|-||-|1"},
+    {"SELECT * FROM Table_Tools WHERE InStr(1,run_when,\"ALL*\",1)<> 0 or InStr(1,run_when,\"*T1*\",1)<> 0 "
+     "ORDER "
+     "BY tool_name",
+     nullptr, "2|all|a.exe|-|-|-|-|-|all*|-|0 / 1|Beep|b.exe|-|-|-|-|-|*T2*T1*|-|0"},
+    {"SELECT * FROM Table_Tools WHERE InStr(1,run_when,\"T2*\",1)<> 0 or InStr(1,run_when,\"ALL*\",1)<> 0",
+     nullptr, "1|Beep|b.exe|-|-|-|-|-|*T2*T1*|-|0 / 2|all|a.exe|-|-|-|-|-|all*|-|0"},
+    {"SELECT * FROM Table_Tools WHERE  id = 2 or  id = 1 ORDER BY tool_name", nullptr,
+     "2|all|a.exe|-|-|-|-|-|all*|-|0 / 1|Beep|b.exe|-|-|-|-|-|*T2*T1*|-|0"},
+    {"SELECT * FROM Table_Tools WHERE id = 2 or id = 9 ORDER BY tool_name", nullptr,
+     "2|all|a.exe|-|-|-|-|-|all*|-|0"},
     {"SELECT tool_name FROM Table_Tools WHERE  id = 1 or  id = 3 ORDER BY tool_name", nullptr,
      "Beep / VKVIDFIX"},
     {"UPDATE Table_Tools SET tool_cmd = '-x \"a b\"', run_when_wait = True WHERE id = 1",
@@ -327,19 +362,69 @@ void Fill_library(Program &program) {
 
 } // namespace
 
-TEST(Database_Statements, Every_statement_of_the_program_does_what_it_says) {
+class Database_Statements : public testing::TestWithParam<Shape> {};
+
+TEST_P(Database_Statements, Does_what_it_says) {
     Database_World world;
     Program &program = world.upgraded();
-    for (const Shape &shape : shapes) {
-        SCOPED_TRACE(shape.statement);
-        Fill_library(program);
-        const Recordset own = db_Query(program, shape.statement);
-        const Recordset seen = shape.check ? db_Query(program, shape.check) : own;
-        EXPECT_EQ(Rows_text(seen).toStdString(), shape.rows);
-    }
+    SCOPED_TRACE(GetParam().statement);
+    Fill_library(program);
+    const Recordset own = db_Query(program, GetParam().statement);
+    const Recordset seen = GetParam().check ? db_Query(program, GetParam().check) : own;
+    EXPECT_EQ(Rows_text(seen).toStdString(), GetParam().rows);
 }
 
-TEST(Database_Statements, The_update_upgrade_of_the_tables_adds_columns_as_written) {
+INSTANTIATE_TEST_SUITE_P(Of_the_program, Database_Statements, testing::ValuesIn(shapes));
+
+/// The tables and columns that the upgrade adds, as they are handed over.
+class Database_Definitions : public testing::TestWithParam<const char *> {};
+
+TEST_P(Database_Definitions, Is_taken_as_written) {
+    Database_World world;
+    ASSERT_TRUE(Open_database(*world.bare));
+    db_Execute(*world.bare, GetParam());
+    const QString table = QString(GetParam()).section(' ', 2, 2);
+    EXPECT_EQ(db_Query(*world.bare, "select top 1 * from " + table).size(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of_the_upgrade, Database_Definitions,
+    testing::Values(
+        "CREATE TABLE table_custom_games (id counter CONSTRAINT id PRIMARY KEY,date_added datetime,game_code "
+        "text(10),reference_file text(250),date_updated datetime,game_name text(250))",
+        "CREATE TABLE table_game_refs (id counter CONSTRAINT id PRIMARY KEY,file_name text(250),Author_Name "
+        "text(200),Created_date text(20),Installed_date datetime,display_name text(200))",
+        "CREATE TABLE table_competitions (id counter CONSTRAINT id PRIMARY KEY,competition_ref "
+        "text(250),competition_name text(250),start_date datetime,end_date datetime,submitted_date datetime, "
+        "FM_list "
+        "memo)",
+        "CREATE TABLE table_game_info (id counter CONSTRAINT id PRIMARY KEY,game_name text(50),zip_size "
+        "currency,zip_count integer,FMs_completed integer,list_number integer,saves_count integer)",
+        "CREATE TABLE Table_Updates (id counter CONSTRAINT id PRIMARY KEY,update_category "
+        "text(50),update_version "
+        "text(50),zip_name text(50),zip_downloaded integer,zip_hidden integer,reminder_date datetime)",
+        "CREATE TABLE table_Resources (id counter CONSTRAINT id PRIMARY KEY,game_name text(10), fm_name "
+        "text(80),zip_name text(80),resource_count integer,resource_type text(80),resource_list "
+        "memo,dateadded "
+        "datetime)",
+        "CREATE TABLE table_Fav_Links (id counter CONSTRAINT id PRIMARY KEY,URL text(250), Display_Name "
+        "text(250),Dateadded datetime, Date_used datetime)",
+        "ALTER TABLE Table_Scores ADD COLUMN  custom_game_code Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  FM_Category Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  Walkthrough_url Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  Info_url Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  Forum_url Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  LootList_url Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  FM_name_FR Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  FM_name_IT Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  FM_name_DE Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  FM_name_SP Text(250)",
+        "ALTER TABLE Table_Scores ADD COLUMN  categories_uploaded datetime",
+        "ALTER TABLE Table_Tools ADD COLUMN  more memo",
+        "ALTER TABLE Table_Scores ADD COLUMN  more text(250)",
+        "ALTER TABLE Table_Scores ALTER COLUMN  Author Text(250)"));
+
+TEST(Database_Upgrade_Statements, The_upgrade_of_the_tables_adds_columns_as_written) {
     Database_World world;
     ASSERT_TRUE(Open_database(*world.bare));
     db_Execute(*world.bare, "ALTER TABLE Table_Scores ADD COLUMN  FM_Category Text(250)");

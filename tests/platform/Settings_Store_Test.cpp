@@ -29,6 +29,23 @@ constexpr Setting rows[] = {
     {"lists", "blanks", "  x  "},
     {"lists", "backslash", "C:\\new\\x41"},
     {"lists", "number", "007"},
+    {"lists", "control",
+     "\x01"
+     "a\x02"
+     "9\x7F"
+     "f"},
+    {"lists", "at itself", "@@x"},
+    {"lists", "percent", "100%"},
+    {"lists", "braces", "{6F9619FF-8B86-D011-B42D-00C04FC964FF}"},
+    {"lists", "bracket", "[x]"},
+    {"lists", "comment", "; not a comment # either"},
+    {"lists", "equals=in key", "x"},
+    {"lists", "[key]", "x"},
+    {"lists", "; key", "x"},
+    {"lists", " key ", "x"},
+    {"[section]", "x", "y"},
+    {"general", "x", "in small letters"},
+    {" ", " ", " "},
 };
 
 TEST(Settings_Store, Every_value_comes_back_from_a_second_store_over_the_same_file) {
@@ -47,6 +64,19 @@ TEST(Settings_Store, A_value_is_in_the_file_at_once) {
     (void)world.platform.settings->set_value("PLATFORM", "RUNNER", "second");
     EXPECT_TRUE(world.read("settings.conf").contains("RUNNER=second"));
     EXPECT_EQ(world.names(""), (QStringList{"prefix", "settings.conf"}));
+}
+
+TEST(Settings_Store, What_an_older_version_wrote_is_read_and_kept) {
+    Platform_World world;
+    world.write("settings.conf", "[FORMSETTINGS]\nFORMWIDTH=1280\nFLEXGRID_COLUMN0WIDTH=40\n\n[GUID]\n"
+                                 "VKGUID={6F9619FF-8B86-D011-B42D-00C04FC964FF}\n\n[INSTALLPATH]\n"
+                                 "ProgramRoot=Z:\\\\opt\\\\vantrosk\n");
+    ASSERT_FALSE(world.platform.settings->set_value("FORMSETTINGS", "FORMHEIGHT", "800"));
+    EXPECT_EQ(world.platform.settings->value("INSTALLPATH", "ProgramRoot"), "Z:\\opt\\vantrosk");
+    EXPECT_EQ(world.read("settings.conf"),
+              "[FORMSETTINGS]\nFLEXGRID_COLUMN0WIDTH=40\nFORMHEIGHT=800\nFORMWIDTH=1280"
+              "\n\n[GUID]\nVKGUID={6F9619FF-8B86-D011-B42D-00C04FC964FF}\n\n"
+              "[INSTALLPATH]\nProgramRoot=\"Z:\\\\opt\\\\vantrosk\"\n");
 }
 
 TEST(Settings_Store, What_another_program_wrote_is_seen) {

@@ -2,7 +2,10 @@
 
 #include "platform/Staged_File.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
+#include <QMap>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -10,7 +13,7 @@ namespace vantrosk {
 
 namespace {
 
-constexpr qsizetype room_for_name = 256;
+constexpr int lock_milliseconds = 5000;
 
 /// One name inside a settings path, where separators would start another level.
 QString Escape_name(const QString &name) {
@@ -21,6 +24,72 @@ QString Escape_name(const QString &name) {
     return text;
 }
 
+bool Is_plain(QChar letter, const char *others) {
+    const char16_t code = letter.unicode();
+    const bool is_letter = (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z');
+    return is_letter || (code >= '0' && code <= '9') || QLatin1String(others).contains(letter);
+}
+
+/// A section or a key as it stands in the file: "%20" for a blank, "%U017E" for a letter beyond Latin-1.
+QString File_name(const QString &name) {
+    QString text;
+    for (const QChar letter : name) {
+        const bool is_wide = letter.unicode() > 0xFF;
+        if (Is_plain(letter, "_-."))
+            text += letter;
+        else
+            text +=
+                (is_wide ? QStringLiteral("%U") : QStringLiteral("%")) +
+                QStringLiteral("%1").arg(letter.unicode(), is_wide ? 4 : 2, 16, QLatin1Char('0')).toUpper();
+    }
+    return text;
+}
+
+/// The section without a name is called General; one that has that name is told from it.
+QString File_section(const QString &section) {
+    const bool is_general = section.compare(QLatin1String("General"), Qt::CaseInsensitive) == 0;
+    return section.isEmpty() ? QStringLiteral("General") : (is_general ? "%" : "") + File_name(section);
+}
+
+/// A value as it stands in the file, in quotes unless it is quite plain.
+QString File_value(const QString &value) {
+    bool is_plain = !value.startsWith(QLatin1Char(' ')) && !value.endsWith(QLatin1Char(' '));
+    for (const QChar letter : value)
+        is_plain = is_plain && Is_plain(letter, " _-./:{}");
+    if (is_plain)
+        return value;
+    QString text = value.startsWith(QLatin1Char('@')) ? QStringLiteral("@") : QString();
+    bool behind_number = false;
+    for (const QChar letter : value) {
+        const char16_t code = letter.unicode();
+        // A number ends where no digit follows, so a digit behind one is told by its number too.
+        const bool is_digit =
+            Is_plain(letter, "") && QByteArray("0123456789abcdefABCDEF").contains(letter.toLatin1());
+        const bool is_number = code < 0x20 || code == 0x7F || (behind_number && is_digit);
+        if (is_number)
+            text += QStringLiteral("\\x%1").arg(code, 0, 16);
+        else if (letter == QLatin1Char('\\') || letter == QLatin1Char('"'))
+            text += QLatin1Char('\\') + letter;
+        else
+            text += letter;
+        behind_number = is_number;
+    }
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+using Section = QMap<QString, QString>;
+
+QByteArray File_text(const QMap<QString, Section> &sections) {
+    QString text;
+    for (auto section = sections.begin(); section != sections.end(); ++section) {
+        text += (text.isEmpty() ? "[" : "\n[") + File_section(section.key()) + "]\n";
+        for (auto entry = section->begin(); entry != section->end(); ++entry)
+            text += File_name(entry.key()) + '=' + File_value(entry.value()) + '\n';
+    }
+    return text.toUtf8();
+}
+
+/// Read by Qt, which knows this format; written here, because Qt keeps a file that a full disk has cut off.
 class Linux_Settings_Store : public Settings_Store {
 public:
     explicit Linux_Settings_Store(const QString &file) : file_(file) {}
@@ -30,26 +99,38 @@ public:
         return QSettings(file_, QSettings::IniFormat).value(name_of(section, key)).toString();
     }
     Fault set_value(const QString &section, const QString &key, const QString &value) override {
-        QSettings settings(file_, QSettings::IniFormat);
-        settings.setValue(name_of(section, key), value);
-        settings.sync();
-        return settings.status() == QSettings::AccessError ? why_not_written(value) : Fault{};
+        if (this->value(section, key) == value)
+            return {}; // what is there already costs no wait for the disk
+        QDir().mkpath(QFileInfo(file_).absolutePath());
+        QLockFile lock(file_ + QStringLiteral(".lock"));
+        (void)lock.tryLock(lock_milliseconds); // where there can be none, nobody else writes either
+        QMap<QString, Section> sections = read();
+        sections[Escape_name(section)][Escape_name(key)] = value;
+        return write(File_text(sections));
     }
 
 private:
-    /// The store tells only that it failed: a file of its size beside it, which is thrown away, tells why.
-    Fault why_not_written(const QString &value) const {
-        Staged_File probe(file_);
-        if (const Fault fault = probe.open())
-            return fault;
-        const QByteArray content(QFileInfo(file_).size() + value.toUtf8().size() + room_for_name, ' ');
-        if (const Fault fault = probe.write(content.constData(), content.size()))
-            return fault;
-        return {Fault_Kind::other, QStringLiteral("Could not write \"%1\".").arg(file_)};
-    }
-
     static QString name_of(const QString &section, const QString &key) {
         return Escape_name(section) + QLatin1Char('/') + Escape_name(key);
+    }
+
+    QMap<QString, Section> read() const {
+        const QSettings settings(file_, QSettings::IniFormat);
+        QMap<QString, Section> sections;
+        for (const QString &name : settings.allKeys()) {
+            const qsizetype cut = name.indexOf(QLatin1Char('/'));
+            sections[name.left(qMax<qsizetype>(cut, 0))][name.mid(cut + 1)] = settings.value(name).toString();
+        }
+        return sections;
+    }
+
+    Fault write(const QByteArray &bytes) const {
+        Staged_File file(file_);
+        if (const Fault fault = file.open())
+            return fault;
+        if (const Fault fault = file.write(bytes.constData(), bytes.size()))
+            return fault;
+        return file.keep({}, Outlives::a_loss_of_power);
     }
 
     QString file_;

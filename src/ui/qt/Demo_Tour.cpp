@@ -251,8 +251,9 @@ QString Tour_Settings::value(const QString &section, const QString &key) const {
     return found == values_.end() ? QString() : found->second;
 }
 
-void Tour_Settings::set_value(const QString &section, const QString &key, const QString &value) {
+Fault Tour_Settings::set_value(const QString &section, const QString &key, const QString &value) {
     values_[{section, key}] = value;
+    return {};
 }
 
 int Run_demo_tour(Program &program, Qt_Ui &ui, frmMain &window, const QString &folder) {

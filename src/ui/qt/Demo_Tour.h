@@ -18,7 +18,7 @@ class frmMain;
 class Tour_Settings : public Settings_Store {
 public:
     QString value(const QString &section, const QString &key) const override;
-    void set_value(const QString &section, const QString &key, const QString &value) override;
+    Fault set_value(const QString &section, const QString &key, const QString &value) override;
 
 private:
     std::map<std::pair<QString, QString>, QString> values_;
