@@ -1,19 +1,26 @@
 #include "Linux_Parts.h"
+#include "Native_Io.h"
 
+#include "platform/Native_Text.h"
 #include "platform/Staged_File.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QMap>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QThread>
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <cerrno>
 
 namespace vantrosk {
 
 namespace {
 
-constexpr int lock_milliseconds = 5000;
+constexpr int lock_step = 10, longest_wait = 2000; ///< milliseconds
 
 /// One name inside a settings path, where separators would start another level.
 QString Escape_name(const QString &name) {
@@ -77,6 +84,18 @@ QString File_value(const QString &value) {
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
+/// Two programs that write at once must not undo each other's change. Where there is no such lock, or
+/// somebody sits on it, the change is made all the same.
+File_Handle Lock_folder(const QString &folder) {
+    File_Handle handle(::open(Native_bytes(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    for (int waited = 0; handle && ::flock(handle.number(), LOCK_EX | LOCK_NB) != 0; waited += lock_step) {
+        if (errno != EWOULDBLOCK || waited >= longest_wait)
+            break;
+        QThread::msleep(lock_step);
+    }
+    return handle;
+}
+
 using Section = QMap<QString, QString>;
 
 QByteArray File_text(const QMap<QString, Section> &sections) {
@@ -101,9 +120,9 @@ public:
     Fault set_value(const QString &section, const QString &key, const QString &value) override {
         if (this->value(section, key) == value)
             return {}; // what is there already costs no wait for the disk
-        QDir().mkpath(QFileInfo(file_).absolutePath());
-        QLockFile lock(file_ + QStringLiteral(".lock"));
-        (void)lock.tryLock(lock_milliseconds); // where there can be none, nobody else writes either
+        const QString folder = QFileInfo(file_).absolutePath();
+        QDir().mkpath(folder);
+        const File_Handle lock = Lock_folder(folder);
         QMap<QString, Section> sections = read();
         sections[Escape_name(section)][Escape_name(key)] = value;
         return write(File_text(sections));
