@@ -7,4 +7,6 @@ cd "$(dirname "$0")/.."
 
 cmake --preset release >/dev/null
 cmake --build --preset release --target bench_faults >/dev/null
-exec build/release/bin/bench_faults "$(mktemp -d)" "${1:-1}"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+build/release/bin/bench_faults "$work/world" "${1:-1}"

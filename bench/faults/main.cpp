@@ -180,12 +180,12 @@ private:
         const QByteArray name = QFile::encodeName(path);
         const int file = ::open(name.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
         struct statvfs disk {};
-        if (file < 0 || ::fstatvfs(file, &disk) != 0)
-            return;
-        const off_t room = off_t(disk.f_bavail * disk.f_bsize) - left;
-        // The disk changes meanwhile: what is too much is taken down page by page.
-        for (off_t size = room; size > 0 && ::posix_fallocate(file, 0, size) != 0;)
-            size -= 4096;
+        // The disk changes meanwhile: what was too much is reckoned anew.
+        for (int tries = 0; file >= 0 && tries < 50 && ::fstatvfs(file, &disk) == 0; ++tries) {
+            const off_t room = off_t(disk.f_bavail * disk.f_bsize) - left;
+            if (room <= 0 || ::posix_fallocate(file, 0, room) == 0)
+                break;
+        }
         ::close(file);
     }
 
