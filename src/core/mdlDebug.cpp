@@ -22,6 +22,7 @@ bool debug_enabled(const Program &program) {
 
 void set_debug(Program &program, bool on) {
     program.trace.enabled = on;
+    program.ui.trace_turned(on);
 }
 
 void debug_print(Program &program, const QString &text) {

@@ -17,6 +17,7 @@ struct Trace {
 };
 
 bool debug_enabled(const Program &program);
+/// On shows the trace console and its menu entry, off takes both away.
 void set_debug(Program &program, bool on);
 /// One line for the trace box; an empty text leaves it alone. Costs nothing while the trace is off.
 void debug_print(Program &program, const QString &text);

@@ -1,5 +1,6 @@
 #include "core/mdlStartup.h"
 
+#include "core/Full_Lite.h"
 #include "core/Program.h"
 #include "core/Startup_Steps.h"
 #include "core/mdlFile_Functions.h"
@@ -168,9 +169,10 @@ bool Load_Stage(Program &program, const QString &command_line) {
 
 void Initialise_Stage(Program &program) {
     const qint64 began = program.clock.ticks();
-    if (program.tweaks.ENABLE_FM_DETAILS)
-        program.screen.menu.mode = "Go Lite Mode";
+    Set_Mode_Caption(program);
     Show_Notices_And_Start_Page(program);
+    if (program.start.end_requested)
+        return;
     debug_print(program,
                 QString("Warning Message Checks Took %1 seconds").arg(Seconds_Since(program, began)));
     if (!Show_Crash_Evidence(program))

@@ -66,6 +66,8 @@ public:
     /// Lets the window repaint and the user click. Long procedures call it and nobody else.
     virtual void pump_events() = 0;
 
+    /// The trace was turned on or off: its console comes or goes.
+    virtual void trace_turned(bool on) { static_cast<void>(on); }
     /// One line of the trace, when the trace console is on.
     virtual void trace_line(const QString &text) = 0;
     /// Holds until the user presses "Continue >".

@@ -1,7 +1,12 @@
 #include "window/Window_World.h"
 
+#include "ui/qt/Error_Box.h"
+#include "ui/qt/Full_Lite_Question.h"
 #include "ui/qt/Message_Boxes.h"
+#include "ui/qt/Notes_Window.h"
+#include "ui/qt/Plain_Settings.h"
 #include "ui/qt/Set_Up_Game.h"
+#include "ui/qt/Trace_Console_Window.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -90,9 +95,14 @@ TEST(Access, So_has_every_control_of_the_dialogs) {
     world.Open();
     Expect_accessible(Set_Up_Dialog(world.program(), world.ui, "T2", nullptr));
     Expect_accessible(Input_Dialog({"Title", "Prompt", "", "text", ""}, nullptr));
-    Expect_accessible(Notes_Window("Notes", "text", nullptr));
+    Expect_accessible(Notes_Window(world.program(), world.files.windows("home/x.txt"), nullptr));
+    Expect_accessible(Full_Lite_Question(nullptr));
+    Expect_accessible(Plain_Settings(world.program(), world.ui, nullptr));
+    Expect_accessible(Trace_Console_Window(world.program(), world.ui));
     for (const Buttons buttons : {Buttons::ok, Buttons::ok_cancel, Buttons::yes_no})
         Expect_accessible(*Make_box({Box_Kind::question, "t", "x", buttons, Answer::no}, nullptr));
+    for (const Buttons buttons : {Buttons::ok, Buttons::ok_cancel, Buttons::yes_no})
+        Expect_accessible(Error_Box({Box_Kind::critical, "t", "x", buttons, Answer::no}, nullptr));
 }
 
 TEST(Access, No_two_entries_share_a_shortcut) {

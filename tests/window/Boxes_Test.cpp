@@ -2,7 +2,6 @@
 #include "ui/qt/Qt_Ui.h"
 
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -115,15 +114,6 @@ TEST(Input_Box, The_second_button_clears_an_untouched_default_and_cancels_otherw
     second->click();
     EXPECT_FALSE(dialog.isVisible());
     EXPECT_EQ(dialog.result(), int(QDialog::Rejected));
-}
-
-TEST(Notes_Box, Shows_the_text_and_closes_with_escape) {
-    Notes_Window notes("Notes", "<b>line</b>\nSTEPS TO FIX", nullptr);
-    notes.show();
-    EXPECT_EQ(notes.findChild<QPlainTextEdit *>()->toPlainText(), "<b>line</b>\nSTEPS TO FIX");
-    EXPECT_TRUE(notes.findChild<QPlainTextEdit *>()->isReadOnly());
-    QTest::keyClick(&notes, Qt::Key_Escape);
-    EXPECT_FALSE(notes.isVisible());
 }
 
 TEST(Window_Face, A_script_answers_in_order_then_by_the_default_and_keeps_what_was_shown) {

@@ -21,6 +21,8 @@ TEST(Window_Options, Nothing_is_asked_for_by_default) {
     const Window_Options options = Read_window_options({});
     EXPECT_EQ(options.home + options.tour_folder + options.switches + options.fault, "");
     EXPECT_FALSE(options.offer_demo);
+    EXPECT_FALSE(options.quit_when_shown);
+    EXPECT_TRUE(Read_window_options({"--quit-when-shown"}).quit_when_shown);
 }
 
 TEST(Window_Options, A_folder_is_read_from_where_the_program_was_started) {

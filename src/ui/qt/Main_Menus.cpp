@@ -5,6 +5,7 @@
 #include "Window_Commands.h"
 #include "frmMain.h"
 
+#include "core/Full_Lite.h"
 #include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlStartup.h"
@@ -58,6 +59,8 @@ void frmMain::Make_file_menu() {
     Add_action(menu, QStringLiteral("&Set up a game…"), QStringLiteral("Ctrl+G"),
                QStringLiteral("Names the folders of a game and of its missions"),
                [this] { Set_up(program_.SELECTED_GAME_TAB); });
+    Add_action(menu, QStringLiteral("S&ettings…"), QStringLiteral("Ctrl+,"),
+               QStringLiteral("Tells which games are set up, and sets them up"), [this] { Show_settings(); });
     menu->addSeparator();
     Add_action(menu, QStringLiteral("E&xit"), QStringLiteral("Ctrl+Q"), QStringLiteral("Ends Vantrosk"),
                [this] { close(); });
@@ -86,6 +89,14 @@ void frmMain::Make_view_menu() {
                QStringLiteral("More room for the list"), [this] { Move_splitter(splitter_step); });
     Add_action(menu, QStringLiteral("Lo&wer list"), QStringLiteral("Ctrl+Shift+Up"),
                QStringLiteral("More room below the list"), [this] { Move_splitter(-splitter_step); });
+    menu->addSeparator();
+    mode_action_ = Add_action(menu, QStringLiteral("&Go Lite Mode"), {},
+                              QStringLiteral("Shows the details section or leaves it out"),
+                              [this] { Switch_Mode(program_); });
+    trace_action_ = Add_action(menu, QStringLiteral("&Debug Console"), QStringLiteral("Ctrl+Shift+D"),
+                               QStringLiteral("Shows what the program does while it works"),
+                               [this] { set_debug(program_, true); });
+    trace_action_->setVisible(debug_enabled(program_));
 }
 
 void frmMain::Make_games_menu() {

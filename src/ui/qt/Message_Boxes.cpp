@@ -7,7 +7,6 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,7 +15,7 @@ namespace vantrosk {
 namespace {
 
 constexpr int margin = 16, gap = 12, icon_size = 40;
-constexpr int input_width = 420, notes_width = 720, notes_height = 480;
+constexpr int input_width = 420;
 
 struct Kind_Look {
     Box_Kind kind;
@@ -31,13 +30,11 @@ constexpr Kind_Look kind_looks[] = {
     {Box_Kind::question, "help", ink::working},
 };
 
-void Show_kind(QMessageBox &box, Box_Kind kind) {
+const Kind_Look &Look_of(Box_Kind kind) {
     for (const Kind_Look &look : kind_looks)
-        if (look.kind == kind) {
-            const QIcon icon = Line_icon(QLatin1String(look.icon), QColor(look.colour));
-            box.setIconPixmap(icon.pixmap(QSize(icon_size, icon_size), box.devicePixelRatioF()));
-            box.setProperty("kind", QLatin1String(look.icon));
-        }
+        if (look.kind == kind)
+            return look;
+    return kind_looks[0];
 }
 
 QMessageBox::StandardButton Button_of(Answer answer) {
@@ -64,10 +61,17 @@ void Name_button(QAbstractButton *button, const QString &object_name, const QStr
 
 } // namespace
 
+QPixmap Box_picture(Box_Kind kind, double density) {
+    const Kind_Look &look = Look_of(kind);
+    return Line_icon(QLatin1String(look.icon), QColor(look.colour))
+        .pixmap(QSize(icon_size, icon_size), density);
+}
+
 std::unique_ptr<QMessageBox> Make_box(const Box &box, QWidget *parent) {
     auto made = std::make_unique<QMessageBox>(parent);
     made->setObjectName(QStringLiteral("message_box"));
-    Show_kind(*made, box.kind);
+    made->setIconPixmap(Box_picture(box.kind, made->devicePixelRatioF()));
+    made->setProperty("kind", QLatin1String(Look_of(box.kind).icon));
     made->setWindowTitle(box.title.isEmpty() ? QStringLiteral("Vantrosk") : box.title);
     made->setTextFormat(Qt::PlainText);
     made->setText(box.text);
@@ -127,6 +131,14 @@ Input_Dialog::Input_Dialog(const Input_Request &request, QWidget *parent)
     prompt->setBuddy(text_);
     column->addWidget(text_);
 
+    hint_ = new QLabel;
+    hint_->setObjectName(QStringLiteral("input_hint"));
+    hint_->setTextFormat(Qt::PlainText);
+    hint_->setWordWrap(true);
+    hint_->setProperty("kind", QStringLiteral("second"));
+    hint_->hide();
+    column->addWidget(hint_);
+
     auto *buttons = new QDialogButtonBox;
     auto *ok = buttons->addButton(QStringLiteral("OK"), QDialogButtonBox::AcceptRole);
     ok->setDefault(true);
@@ -154,7 +166,10 @@ void Input_Dialog::Set_second_button() {
 
 void Input_Dialog::Press_ok() {
     if (!Input_Holds(request_, text_->text()))
-        accept();
+        return accept();
+    hint_->setText(QStringLiteral("The text has to begin with “%1”.").arg(request_.required_start));
+    hint_->show();
+    text_->setFocus();
 }
 
 /// It clears an untouched default and cancels otherwise.
@@ -163,29 +178,6 @@ void Input_Dialog::Press_second() {
         return reject();
     text_->clear();
     text_->setFocus();
-}
-
-Notes_Window::Notes_Window(const QString &caption, const QString &text, QWidget *parent) : QDialog(parent) {
-    setObjectName(QStringLiteral("notes_window"));
-    setWindowTitle(caption);
-    resize(notes_width, notes_height);
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(gap);
-
-    auto *page = new QPlainTextEdit(text);
-    page->setObjectName(QStringLiteral("notes_text"));
-    page->setAccessibleName(caption);
-    page->setToolTip(QStringLiteral("Notes; Escape closes them"));
-    page->setReadOnly(true);
-    page->setTabChangesFocus(true);
-    column->addWidget(page);
-
-    auto *buttons = new QDialogButtonBox;
-    auto *close = buttons->addButton(QStringLiteral("&Close"), QDialogButtonBox::RejectRole);
-    Name_button(close, QStringLiteral("notes_close"), QStringLiteral("Closes the notes (Escape)"));
-    column->addWidget(buttons);
-    connect(close, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 } // namespace vantrosk

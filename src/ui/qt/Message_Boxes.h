@@ -4,9 +4,11 @@
 
 #include <QDialog>
 #include <QMessageBox>
+#include <QPixmap>
 
 #include <memory>
 
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -15,6 +17,8 @@ namespace vantrosk {
 /// A box that asks one thing. Texts come from zips and servers as well, so they are shown as plain text.
 /// Escape gives No or Cancel.
 std::unique_ptr<QMessageBox> Make_box(const Box &box, QWidget *parent);
+/// The picture of a box's kind.
+QPixmap Box_picture(Box_Kind kind, double density);
 Answer Answer_of(const QMessageBox &box, int result);
 
 /// One line of text. OK holds while the text does not begin with what is required; the second button clears
@@ -31,13 +35,8 @@ private:
 
     Input_Request request_;
     QLineEdit *text_;
+    QLabel *hint_; ///< why OK holds
     QPushButton *second_;
-};
-
-/// A text file to read: notes of this version, or the log of an install that did not finish.
-class Notes_Window : public QDialog {
-public:
-    Notes_Window(const QString &caption, const QString &text, QWidget *parent);
 };
 
 } // namespace vantrosk

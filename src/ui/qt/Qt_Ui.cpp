@@ -1,16 +1,24 @@
 #include "Qt_Ui.h"
 
 #include "Details_Panel_View.h"
+#include "Error_Box.h"
 #include "Fm_List_Panel.h"
+#include "Full_Lite_Question.h"
 #include "Game_Toolbar.h"
 #include "Message_Boxes.h"
+#include "Notes_Window.h"
 #include "Readme_Panel.h"
+#include "Screen_Picture.h"
 #include "Status_Bar.h"
+#include "Trace_Console_Window.h"
 #include "frmMain.h"
 
-#include <QCoreApplication>
+#include "platform/Files.h"
+
+#include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QImage>
 #include <QUrl>
 
 #include <cstdio>
@@ -67,7 +75,15 @@ Answer Qt_Ui::show_box(const Box &box) {
             script->on_box(box, answer);
         return answer;
     }
-    const auto shown = Make_box(box, window_);
+    QWidget *parent = QApplication::activeModalWidget();
+    if (!parent)
+        parent = window_;
+    if (Error_Box::Is_for(box)) {
+        Error_Box shown(box, parent);
+        shown.exec();
+        return shown.answer();
+    }
+    const auto shown = Make_box(box, parent);
     return Answer_of(*shown, shown->exec());
 }
 
@@ -149,7 +165,7 @@ void Qt_Ui::navigate(Browser browser, const QString &page) {
     if (!window_)
         return;
     if (browser == Browser::readme)
-        window_->readme->Show_page(page);
+        window_->Show_page(page);
     else if (browser == Browser::third)
         window_->readme->Show_third_page(page);
     else
@@ -157,18 +173,60 @@ void Qt_Ui::navigate(Browser browser, const QString &page) {
 }
 
 void Qt_Ui::show_notes(const QString &path) {
-    if (script)
-        script->notes << path;
-    else if (window_)
+    if (window_)
         window_->Show_notes(path);
+    else if (script)
+        script->notes << path;
+}
+
+void Qt_Ui::Show_notes_over(Program &program, const QString &path, QWidget *parent) {
+    if (script) {
+        script->notes << path;
+        return;
+    }
+    auto *notes = new Notes_Window(program, path, parent);
+    notes->setAttribute(Qt::WA_DeleteOnClose);
+    notes->show();
+}
+
+std::optional<Version> Qt_Ui::Ask_version() {
+    if (script) {
+        script->windows << QStringLiteral("Full_Lite_Question");
+        return script->version;
+    }
+    Full_Lite_Question question(window_);
+    question.exec();
+    return question.version();
 }
 
 void Qt_Ui::pump_events() {
-    QCoreApplication::processEvents();
+    QApplication::processEvents();
 }
 
+void Qt_Ui::trace_turned(bool on) {
+    if (on_trace_turned)
+        on_trace_turned(on);
+}
+
+/// Where there is no console yet, or none any more, the line goes where a terminal shows it.
 void Qt_Ui::trace_line(const QString &text) {
-    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+    if (console_)
+        console_->Append(text);
+    else
+        std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+}
+
+void Qt_Ui::trace_pause(const QString &prompt) {
+    if (script)
+        script->pauses << prompt;
+    else if (console_)
+        console_->Hold(prompt);
+}
+
+bool Qt_Ui::save_screenshot(const QString &path) {
+    pump_events();
+    const QImage picture = Take_screen_picture();
+    return files_ && !picture.isNull() && picture.save(files_->to_native(path), "BMP");
 }
 
 } // namespace vantrosk

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Full_Lite.h"
 #include "ui/Ui.h"
 
 #include <QStringList>
@@ -10,10 +11,14 @@
 #include <vector>
 
 class QUrl;
+class QWidget;
 
 namespace vantrosk {
 
+class Files;
 class frmMain;
+class Trace_Console_Window;
+struct Program;
 
 /// What a test or the tour says in the place of a user. Nothing modal is shown while there is a script.
 struct Window_Script {
@@ -23,9 +28,12 @@ struct Window_Script {
     std::deque<QString> folders; ///< for folder dialogs, native paths; when none is left, cancelled
     std::vector<Box> boxes;      ///< every box that was due
     std::vector<Input_Request> asked;
-    QStringList notes;  ///< files for the notes window
-    QStringList status; ///< every text of status panel 1
-    QStringList links;  ///< addresses for the user's browser
+    std::optional<Version> version; ///< for the first run's question; nothing leaves all as it is
+    QStringList windows;            ///< names of the other windows that were due
+    QStringList pauses;             ///< where the trace would have held
+    QStringList notes;              ///< files for the notes window
+    QStringList status;             ///< every text of status panel 1
+    QStringList links;              ///< addresses for the user's browser
     std::function<void(const Box &, Answer)> on_box;
 };
 
@@ -35,10 +43,20 @@ public:
     /// Calls before the window is there, or after it is gone, change nothing to see.
     void Attach(frmMain *window);
 
+    /// Where pictures of the screen are written.
+    void Set_files(const Files &files) { files_ = &files; }
+    void Attach_console(Trace_Console_Window *console) { console_ = console; }
+    /// What brings the trace console and takes it away.
+    std::function<void(bool on)> on_trace_turned;
+
     std::optional<Window_Script> script;
 
     /// A folder chosen by the user, a native path; empty when cancelled.
     QString Choose_folder(const QString &title, const QString &start);
+    /// The first run's question; nothing when nobody is there to answer.
+    std::optional<Version> Ask_version();
+    /// Shows a text file beside `parent`; the program goes on meanwhile.
+    void Show_notes_over(Program &program, const QString &path, QWidget *parent);
     /// Opens an address in the user's own browser or mail program.
     void Open_link(const QUrl &address);
 
@@ -59,11 +77,15 @@ public:
     void navigate(Browser browser, const QString &page) override;
     void show_notes(const QString &path) override;
     void pump_events() override;
+    void trace_turned(bool on) override;
     void trace_line(const QString &text) override;
-    void trace_pause(const QString &) override {}
+    void trace_pause(const QString &prompt) override;
+    bool save_screenshot(const QString &path) override;
 
 private:
     frmMain *window_ = nullptr;
+    Trace_Console_Window *console_ = nullptr;
+    const Files *files_ = nullptr;
     bool busy_ = false; ///< as told last, for a window that comes later
 };
 

@@ -4,16 +4,17 @@
 #include "Demo_Tour.h"
 #include "Game_Toolbar.h"
 #include "Qt_Ui.h"
-#include "Readme_Panel.h"
 #include "Window_Commands.h"
+#include "Window_Session.h"
 #include "frmMain.h"
 
 #include "core/Program.h"
-#include "core/mdlStartup.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDir>
 #include <QRegularExpression>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -60,6 +61,16 @@ void Read_value(Window_Options &options, const QString &word, const QString &val
         options.fault = QStringLiteral("%1 needs a %2").arg(word, QLatin1String(is_size ? "size" : "folder"));
 }
 
+/// For measuring: nobody is asked anything and nothing is kept.
+int Wait_until_shown(const frmMain &window) {
+    const auto *events = QAbstractEventDispatcher::instance();
+    QObject::connect(events, &QAbstractEventDispatcher::aboutToBlock, &window, [&window] {
+        if (window.windowHandle()->isExposed())
+            QCoreApplication::exit(0);
+    });
+    return QApplication::exec();
+}
+
 void List_first_game(Program &program, frmMain &window) {
     const auto found = std::find_if(autostart_names.begin(), autostart_names.end(), [&](const auto &row) {
         return program.tweaks.AUTOSTART_IN.compare(QLatin1String(row.name), Qt::CaseInsensitive) == 0;
@@ -80,6 +91,8 @@ Window_Options Read_window_options(const QStringList &arguments) {
             Read_value(options, word, i + 1 < arguments.size() ? arguments[++i] : QString());
         else if (word == QLatin1String("--offer-demo"))
             options.offer_demo = true;
+        else if (word == QLatin1String("--quit-when-shown"))
+            options.quit_when_shown = true;
         else if (word == QLatin1String("--help"))
             options.show_help = true;
         else if (word.startsWith(u'/'))
@@ -95,6 +108,7 @@ QString Window_usage() {
                           "  --home DIR    the program's folder\n"
                           "  --size WxH    the window's size in pixels, as 1280x800\n"
                           "  --offer-demo  offers the demo library when no game is set up\n"
+                          "  --quit-when-shown  ends once the window is shown; for measuring the start\n"
                           "  --tour DIR    drives the demo tour and saves a picture of each step in DIR\n"
                           "  SWITCH        /debug, /resetdb, /resetscores, /resetuploads\n");
 }
@@ -108,33 +122,27 @@ int Run_window(Platform &platform, const Window_Options &options, const QString 
         return 1;
     }
     const bool on_tour = !options.tour_folder.isEmpty();
-    if (on_tour) {
+    if (on_tour || options.quit_when_shown)
         ui.script.emplace();
+    if (on_tour)
         platform.settings = std::make_unique<Tour_Settings>();
-    }
 
     Program program(platform, ui, app_path);
-    std::unique_ptr<frmMain> window;
-    Set_Later_Step(program, Later_Step::restore_window,
-                   [&] { window = std::make_unique<frmMain>(program, ui); });
-    Set_Later_Step(program, Later_Step::lay_out_readme_toolbar, [&] { window->readme->Lay_out_toolbar(); });
-    Set_Later_Step(program, Later_Step::show_window, [&] {
-        window->Open();
-        if (!options.size.isEmpty())
-            window->resize(options.size);
-    });
-    Set_Later_Step(program, Later_Step::focus_list, [&] { window->Focus_first(); });
-    const auto load = [&] {
-        return Load_Stage(program, options.switches);
-    };
-    if (!Start_Process(program, load) || !window)
+    Window_Session session(program, ui, options.size);
+    if (!session.Start(options.switches))
         return 1;
-    Initialise_Stage(program);
+    frmMain &window = *session.window();
     if (on_tour)
-        return Run_demo_tour(program, ui, *window, options.tour_folder);
-    window->commands->Run(QStringLiteral("Offer_demo_library"),
-                          [&] { Offer_demo_library(program, options.offer_demo); });
-    List_first_game(program, *window);
+        return Run_demo_tour(program, ui, window, options.tour_folder);
+    if (options.quit_when_shown)
+        return Wait_until_shown(window);
+    window.commands->Run(QStringLiteral("Offer_demo_library"),
+                         [&] { Offer_demo_library(program, options.offer_demo); });
+    List_first_game(program, window);
+    if (window.is_closed())
+        return 0;
+    QApplication::setQuitOnLastWindowClosed(false);
+    QObject::connect(&window, &frmMain::Closed, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     return QApplication::exec();
 }
 

@@ -14,6 +14,7 @@ struct Window_Options {
     QString switches;    ///< the words that begin with "/", between single blanks: left to the start
     QSize size;          ///< of the window, in the place of the one that was kept; empty for none
     bool offer_demo = false;
+    bool quit_when_shown = false; ///< ends once the window is painted and nothing is left to do
     bool show_help = false;
     QString fault; ///< what is wrong with the command line; empty when nothing is
 };

@@ -7,11 +7,13 @@
 #include "Fm_List_Panel.h"
 #include "Fm_Table.h"
 #include "Game_Toolbar.h"
-#include "Message_Boxes.h"
+#include "Notes_Window.h"
+#include "Plain_Settings.h"
 #include "Qt_Ui.h"
 #include "Readme_Actions.h"
 #include "Readme_Panel.h"
 #include "Set_Up_Game.h"
+#include "Start_Address.h"
 #include "Status_Bar.h"
 #include "Window_Commands.h"
 
@@ -46,9 +48,10 @@ constexpr int first_width = 1280, first_height = 800, least_width = 900, least_h
 constexpr int least_list_height = 28 + 7 * Fm_Table::row_height + 2; ///< heading, original missions, six rows
 constexpr int least_lower_height = 280;
 constexpr int details_width = 420, least_details_width = 340, least_readme_width = 300;
-constexpr int first_working_picture = 2, last_working_picture = 9;
+constexpr int first_working_picture = 2, last_working_picture = 10;
 // Milliseconds: a turn of the light in a second, and how long the splitter rests before its place is kept.
 constexpr int light_step = 125, housekeeping_step = 1000, focus_step = 100, splitter_rest = 400;
+constexpr int presence_step = 60 * 1000;
 
 /// What the screen has room for.
 QSize Screen_room() {
@@ -114,6 +117,7 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     Refresh_games();
     Refresh_list();
     Refresh_details();
+    Position_panels();
     ui_.Attach(this);
 }
 
@@ -229,12 +233,21 @@ void frmMain::Start_timers() {
     light_timer_.setInterval(light_step);
     connect(&light_timer_, &QTimer::timeout, this, [this] { Animation_Tick(program_); });
     connect(&housekeeping_timer_, &QTimer::timeout, this, [this] {
-        if (!commands->is_working())
+        if (!commands->is_working() && !told_busy_)
             Housekeeping_Tick(program_);
+        if (program_.timers.focus_runs && !focus_timer_.isActive())
+            focus_timer_.start();
+        Close_if_asked();
     });
     housekeeping_timer_.start(housekeeping_step);
-    connect(&focus_timer_, &QTimer::timeout, this, [this] { Focus_Tick(program_); });
-    focus_timer_.start(focus_step);
+    focus_timer_.setInterval(focus_step);
+    connect(&focus_timer_, &QTimer::timeout, this, [this] {
+        Focus_Tick(program_);
+        if (!program_.timers.focus_runs)
+            focus_timer_.stop();
+    });
+    connect(&presence_timer_, &QTimer::timeout, this, [this] { Presence_Tick(program_); });
+    presence_timer_.start(presence_step);
 
     splitter_timer_.setSingleShot(true);
     splitter_timer_.setInterval(splitter_rest);
@@ -314,6 +327,7 @@ void frmMain::Refresh_games() {
     Place_splitter();
     if (!games_menu_)
         return;
+    Refresh_mode();
     for (QAction *action : games_menu_->actions())
         if (!action->data().isNull())
             action->setEnabled(Game_is_set_up(program_, action->data().toString()));
@@ -367,6 +381,8 @@ void frmMain::Refresh_access() {
     install_action_->setEnabled(free && details->install()->isEnabled());
     reset_action_->setEnabled(free && details->reset()->isEnabled());
     scan_action_->setEnabled(free && !program_.SELECTED_GAME_TAB.isEmpty());
+    if (free)
+        Close_if_asked();
     if (freed && close_wanted_)
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
@@ -406,10 +422,56 @@ void frmMain::Make_demo() {
     commands->Run(QStringLiteral("Make_demo_library"), [this] { Make_demo_library(program_); });
 }
 
+void frmMain::Show_page(const QString &page) {
+    const Placed_Page placed = Place_page(program_, page);
+    switch (placed.place) {
+    case Page_Place::file:
+        return readme->Show_page(placed.file);
+    case Page_Place::page_view:
+        return readme->Show_address(placed.address);
+    case Page_Place::users_browser:
+        return ui_.Open_link(placed.address);
+    case Page_Place::nowhere:
+        debug_print(program_, QStringLiteral("MAIN FORM: page not opened: ") + page);
+    }
+}
+
 void frmMain::Show_notes(const QString &path) {
-    Notes_Window notes(QStringLiteral("Notes"), Read_text_lines(program_, path).join(u'\n'), this);
-    notes.exec();
-    Notes_Closed(program_, path);
+    ui_.Show_notes_over(program_, path, this);
+}
+
+void frmMain::Show_settings() {
+    if (ui_.script) {
+        ui_.script->windows << QStringLiteral("Plain_Settings");
+        return;
+    }
+    Plain_Settings settings(program_, ui_, this);
+    settings.exec();
+}
+
+void frmMain::Show_trace_entry(bool shown) {
+    trace_action_->setVisible(shown);
+}
+
+void frmMain::Position_panels() {
+    const bool full = program_.tweaks.ENABLE_FM_DETAILS;
+    Refresh_mode();
+    if (auto *facts = details->findChild<QWidget *>(QStringLiteral("details_facts_area")))
+        facts->setVisible(full);
+    auto *tabs = findChild<QTabBar *>(QStringLiteral("details_tabs_bar"));
+    for (int tab = 1; tab < tabs->count(); ++tab)
+        tabs->setTabVisible(tab, full);
+    list->Apply_tweaks();
+}
+
+void frmMain::Refresh_mode() {
+    mode_action_->setText(u'&' + program_.screen.menu.mode);
+}
+
+/// The user may end the program in the middle of a fault; whatever was at work finishes first.
+void frmMain::Close_if_asked() {
+    if (program_.start.end_requested && !closed_ && !commands->is_working())
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
 /// A window that is closed over its work closes once the work is done: an install is never left in the
@@ -428,6 +490,8 @@ void frmMain::closeEvent(QCloseEvent *event) {
         Shut_Down(program_);
     });
     closed_ = true;
+    for (auto *notes : findChildren<Notes_Window *>())
+        notes->close();
     event->accept();
     Q_EMIT Closed();
 }

@@ -53,10 +53,18 @@ public:
     void Refresh_details();
     void Set_busy(bool busy);
     void Show_light(int index, const QString &text);
+    /// A Windows path, an address or "about:blank".
+    void Show_page(const QString &page);
     void Show_notes(const QString &path);
+    void Show_settings();
+    /// The details section as the mode wants it, the columns as the tweaks want them.
+    void Position_panels();
+    /// The menu entry of the trace console comes or goes.
+    void Show_trace_entry(bool shown);
     void Set_up(const QString &code);
     void Make_demo();
     bool shows_empty_state() const;
+    bool is_closed() const { return closed_; }
 
 Q_SIGNALS:
     void Closed();
@@ -89,10 +97,12 @@ private:
     void Show_row_menu(const QPoint &at_global);
     void Fill_row_menu(QMenu *menu);
     void Refresh_access();
+    void Refresh_mode();
     void Find_here();
     void Move_splitter(int by);
     void Show_about();
     void Start_timers();
+    void Close_if_asked();
     /// Where the window stands, for whoever stores it.
     void Tell_geometry();
     void Place_splitter();
@@ -105,8 +115,8 @@ private:
     QSplitter *rows_, *columns_;
     QMenu *view_menu_ = nullptr, *games_menu_ = nullptr, *sort_menu_ = nullptr;
     QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
-    QAction *reset_action_ = nullptr;
-    QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_;
+    QAction *reset_action_ = nullptr, *mode_action_ = nullptr, *trace_action_ = nullptr;
+    QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_, presence_timer_;
     QPointer<QWidget> focus_before_work_;
     bool told_busy_ = false;
     bool close_wanted_ = false;
