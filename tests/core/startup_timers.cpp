@@ -166,14 +166,3 @@ TEST_F(Timers_Test, Each_later_step_has_a_name_and_says_that_nobody_does_it) {
     }
     EXPECT_EQ(names.removeDuplicates(), 0);
 }
-
-TEST_F(Timers_Test, The_presence_is_kept_up_only_where_somebody_said_how) {
-    Presence_Tick(program);
-    int ticks = 0;
-    program.timers.presence = [&ticks] {
-        ++ticks;
-    };
-    Presence_Tick(program);
-    Presence_Tick(program);
-    EXPECT_EQ(ticks, 2);
-}

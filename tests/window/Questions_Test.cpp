@@ -111,6 +111,7 @@ TEST(Settings_Window, Sets_the_chosen_game_up_and_keeps_the_ini_at_save) {
     });
     QTest::keyClick(settings.findChild<QTreeWidget *>(), Qt::Key_Return);
     EXPECT_EQ(Row_texts(*settings.findChild<QTreeWidget *>(), 0)[1], "Set up");
+    EXPECT_TRUE(settings.isVisible()) << "Enter in the list is no Save";
     QFile::remove(world.files.native("home/Vantrosk.ini"));
     settings.findChild<QPushButton *>("settings_save")->click();
     EXPECT_FALSE(settings.isVisible());

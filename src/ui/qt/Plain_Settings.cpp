@@ -10,6 +10,7 @@
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -75,7 +76,8 @@ Plain_Settings::Plain_Settings(Program &program, Qt_Ui &ui, QWidget *parent)
     column->addWidget(text);
     column->addWidget(games_, 1);
     column->addWidget(Make_buttons());
-    connect(games_, &QTreeWidget::itemActivated, this, [this] { Set_up_current(); });
+    games_->installEventFilter(this);
+    connect(games_, &QTreeWidget::itemDoubleClicked, this, &Plain_Settings::Set_up_current);
     connect(games_, &QTreeWidget::currentItemChanged, this,
             [this](const QTreeWidgetItem *current) { set_up_->setEnabled(current != nullptr); });
     Refresh();
@@ -101,6 +103,17 @@ QWidget *Plain_Settings::Make_buttons() {
     connect(save, &QPushButton::clicked, this, &Plain_Settings::Save);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     return buttons;
+}
+
+/// Enter in the list sets a game up; without this it would press Save as well.
+bool Plain_Settings::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != games_ || event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        return false;
+    Set_up_current();
+    return true;
 }
 
 void Plain_Settings::Refresh() {

@@ -18,6 +18,9 @@ class Plain_Settings : public QDialog {
 public:
     Plain_Settings(Program &program, Qt_Ui &ui, QWidget *parent);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     QWidget *Make_buttons();
     void Refresh();

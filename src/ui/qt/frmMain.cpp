@@ -458,9 +458,10 @@ void frmMain::Position_panels() {
     Refresh_mode();
     if (auto *facts = details->findChild<QWidget *>(QStringLiteral("details_facts_area")))
         facts->setVisible(full);
-    auto *tabs = findChild<QTabBar *>(QStringLiteral("details_tabs_bar"));
-    for (int tab = 1; tab < tabs->count(); ++tab)
-        tabs->setTabVisible(tab, full);
+    if (!full)
+        details_tabs->Show(QStringLiteral("FMOptions"));
+    for (int tab = 1; tab < details_tabs->bar()->count(); ++tab)
+        details_tabs->bar()->setTabVisible(tab, full);
     list->Apply_tweaks();
 }
 
