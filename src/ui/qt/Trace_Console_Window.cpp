@@ -130,7 +130,7 @@ QWidget *Trace_Console_Window::Make_variables() {
     variables_->setPlaceholderText(QStringLiteral("Tick the variables that you want to watch."));
     connect(names_, &QListWidget::itemChanged, this, &Trace_Console_Window::Refresh_variables);
     return Stacked({Heading(QLatin1String(trace_variables_heading), names_), names_,
-                   Heading(QStringLiteral("Variable Trace"), variables_), variables_});
+                    Heading(QStringLiteral("Variable Trace"), variables_), variables_});
 }
 
 QWidget *Trace_Console_Window::Make_trace() {
