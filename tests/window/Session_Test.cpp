@@ -154,7 +154,7 @@ TEST_F(Session, Sizes_of_a_store_where_anybody_may_write_do_no_harm) {
         {"FORMWIDTH", "-5"},           {"FORMHEIGHT", "999999999999"},      {"FULLSCREEN", "yes"},
         {"FLEXGRIDHEIGHT", "1000000"}, {"FLEXGRID_COLUMN0WIDTH", "banana"}, {"FLEXGRID_COLUMN1WIDTH", "-1"}};
     for (const auto &[key, value] : rows)
-        files.platform.settings->set_value("FORMSETTINGS", key, value);
+        EXPECT_FALSE(files.platform.settings->set_value("FORMSETTINGS", key, value));
     ASSERT_TRUE(Start());
     EXPECT_TRUE(Window().isVisible());
     EXPECT_GE(Window().width(), 900);

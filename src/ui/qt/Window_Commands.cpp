@@ -20,10 +20,11 @@ const QString form_name = QStringLiteral("Form frmMain");
 } // namespace
 
 Window_Commands::Window_Commands(Program &program, QObject *parent) : QObject(parent), program_(program) {
+    Set_Later_Step(program_, Later_Step::after_game, [&program] { After_Play(program); });
     after_play_.setSingleShot(true);
     after_play_.setInterval(time_until_put_back);
     connect(&after_play_, &QTimer::timeout, this, [this] {
-        if (!Run(QStringLiteral("Timer3_Timer"), [this] { After_Play(program_); }))
+        if (!Run(QStringLiteral("Timer3_Timer"), [this] { Game_Exit_Tick(program_); }))
             after_play_.start();
     });
 }
@@ -93,7 +94,7 @@ void Window_Commands::Finish_play() {
     if (!after_play_.isActive())
         return;
     after_play_.stop();
-    After_Play(program_);
+    Game_Exit_Tick(program_);
 }
 
 } // namespace vantrosk
