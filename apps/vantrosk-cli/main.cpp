@@ -1,3 +1,4 @@
+#include "platform/Native_Text.h"
 #include "platform/linux/Linux_Platform.h"
 #include "ui/console/Console_Commands.h"
 
@@ -26,6 +27,9 @@ int main(int argc, char **argv) {
         [](const QString &line) { Write_line(stderr, line); },
         isatty(STDERR_FILENO) == 1,
     };
-    return vantrosk::Run_Console(platform, streams, QCoreApplication::arguments().mid(1),
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words << vantrosk::Argument_text(argv[i]);
+    return vantrosk::Run_Console(platform, streams, words,
                                  vantrosk::Default_home_folder(QCoreApplication::applicationDirPath()));
 }

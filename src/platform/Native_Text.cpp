@@ -65,6 +65,10 @@ QByteArray Native_bytes(const QString &native) {
     return plain == 0 ? native.toUtf8() : bytes + QStringView(native).mid(plain).toUtf8();
 }
 
+QString Argument_text(const QByteArray &argument) {
+    return argument.isValidUtf8() ? QString::fromUtf8(argument) : Native_text(argument);
+}
+
 QString Name_from_native(const QByteArray &name) {
     return Native_text(name).replace(QLatin1Char('\\'), QChar(backslash_stand_in));
 }

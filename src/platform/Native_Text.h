@@ -13,6 +13,10 @@ namespace vantrosk {
 QString Native_text(const QByteArray &native);
 QByteArray Native_bytes(const QString &native);
 
+/// A word of the command line: UTF-8 as it stands, so that a text that this program printed comes back;
+/// anything else as a native path.
+QString Argument_text(const QByteArray &argument);
+
 /// One name inside a Windows path: as above, and a backslash, which would separate there, is U+F05C.
 QString Name_from_native(const QByteArray &name);
 QByteArray Name_to_native(const QString &name);

@@ -1,5 +1,6 @@
 #include "core/mdlFile_Functions.h"
 #include "core/mdlStartup.h"
+#include "support/Lasting_Files.h"
 #include "support/World.h"
 
 #include <gtest/gtest.h>
@@ -607,4 +608,17 @@ TEST_F(Ini_Writing, Nothing_is_left_beside_the_files) {
     EXPECT_FALSE(Write_Main_Ini(program));
     EXPECT_FALSE(Write_Tweaks_Ini(program));
     EXPECT_EQ(Names(world.snapshot("home")), QStringList({"Vantrosk.ini", "Vantrosk_Tweaks.ini"}));
+}
+
+TEST(Ini_Files_On_Disk, Both_outlive_a_loss_of_power) {
+    World world;
+    auto watched = std::make_unique<Lasting_Files>(std::move(world.platform.files));
+    const Lasting_Files &files = *watched;
+    world.platform.files = std::move(watched);
+    Program program(world.platform, world.ui, world.windows("home"));
+    world.make_folder("home");
+    ASSERT_FALSE(Write_Main_Ini(program));
+    ASSERT_FALSE(Write_Tweaks_Ini(program));
+    EXPECT_EQ(files.lasting, QStringList({program.paths.main_ini, program.paths.tweaks_ini}));
+    EXPECT_TRUE(world.exists("home/Vantrosk.ini"));
 }

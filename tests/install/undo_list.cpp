@@ -1,6 +1,7 @@
 #include "install/undo/Undo_List.h"
 
 #include "install/Install_World.h"
+#include "support/Lasting_Files.h"
 
 #include <gtest/gtest.h>
 
@@ -155,6 +156,18 @@ TEST(Undo_List, A_row_of_the_originals_begins_so_and_is_no_zip) {
     EXPECT_FALSE(Is_original_row("originalsin.zip"));
     EXPECT_FALSE(Is_original_row("My Original"));
     EXPECT_FALSE(Is_original_row(""));
+}
+
+TEST(Undo_List, Outlives_a_loss_of_power) {
+    Install_World world;
+    auto watched = std::make_unique<Lasting_Files>(std::move(world.platform.files));
+    const Lasting_Files &files = *watched;
+    world.platform.files = std::move(watched);
+    Program program(world.platform, world.ui, world.windows("home"));
+    Undo_List list;
+    list.zip_name = "a.zip";
+    ASSERT_FALSE(Write_undo_list(program, world.game_path(), list));
+    EXPECT_EQ(files.lasting, QStringList{world.game_path("current_install.txt")});
 }
 
 } // namespace

@@ -59,6 +59,13 @@ TEST(Native_Text, Any_bytes_come_back_as_a_path_and_as_a_name) {
     }
 }
 
+TEST(Native_Text, A_word_of_the_command_line_is_what_was_printed_or_a_native_path) {
+    EXPECT_EQ(Argument_text("caf\xE9.zip"), QStringLiteral("caf\uF0E9.zip"));
+    EXPECT_EQ(Argument_text(QStringLiteral("caf\uF0E9.zip").toUtf8()), QStringLiteral("caf\uF0E9.zip"));
+    EXPECT_EQ(Argument_text("Žluť"), "Žluť");
+    EXPECT_EQ(Argument_text(""), "");
+}
+
 TEST(Native_Text, A_backslash_in_a_name_has_its_own_stand_in) {
     EXPECT_EQ(Name_from_native("a\\b\xE9"), QStringLiteral("a\uF05Cb\uF0E9"));
     EXPECT_EQ(Native_text(QByteArray("a\\b")), "a\\b");

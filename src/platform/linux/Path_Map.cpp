@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
+
 namespace vantrosk {
 
 namespace {
@@ -58,6 +60,15 @@ QByteArray Clean_native(const QByteArray &path) {
 
 QString Fold_name(const QString &name) {
     QString folded = name;
+    const auto is_ascii = [](QChar letter) {
+        return letter.unicode() < 0x80;
+    };
+    if (std::all_of(name.begin(), name.end(), is_ascii)) {
+        for (QChar &letter : folded)
+            if (letter >= QLatin1Char('A') && letter <= QLatin1Char('Z'))
+                letter = QChar(letter.unicode() | 0x20);
+        return folded;
+    }
     for (qsizetype i = 0; i < folded.size(); ++i) {
         if (!folded[i].isHighSurrogate() || i + 1 == folded.size() || !folded[i + 1].isLowSurrogate()) {
             folded[i] = folded[i].toCaseFolded();

@@ -185,9 +185,9 @@ public:
         const auto places = places_.constFind(key);
         if (places == places_.constEnd())
             return found;
-        for (const qsizetype place : *places)
-            if (const auto text = value_behind(place, name))
-                found = text;
+        // The latest place comes first.
+        for (auto place = places; !found && place != places_.constEnd() && place.key() == key; ++place)
+            found = value_behind(*place, name);
         return found;
     }
 
@@ -202,8 +202,9 @@ private:
 
     void note_key(QByteArrayView line, qsizetype behind) {
         qsizetype at = 1;
-        if (const auto key = Read_escaped_text(line.toByteArray(), at, ']'))
-            places_[Fold_name(*key)] << behind;
+        const QByteArray unowned = QByteArray::fromRawData(line.data(), line.size());
+        if (const auto key = Read_escaped_text(unowned, at, ']'))
+            places_.insert(Fold_name(*key), behind);
     }
 
     std::optional<QString> value_behind(qsizetype place, const QString &name) const {
@@ -228,7 +229,7 @@ private:
     }
 
     QByteArray file_;
-    QHash<QString, QList<qsizetype>> places_; ///< behind the line of each key
+    QMultiHash<QString, qsizetype> places_; ///< behind the line of each key
 };
 
 /// One file, parsed when first asked for and again when it has changed.
