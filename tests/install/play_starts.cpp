@@ -61,6 +61,30 @@ TEST(Play_Starts, The_games_own_missions_are_started_alike_and_are_not_played_by
     }
 }
 
+TEST(Play_Starts, Thief3_undoes_the_last_sessions_patches_and_applies_this_missions) {
+    Play_World world("T3");
+    world.game_has("System/T3UI.ini", "[UI]\r\nScale=patched last time\r\n");
+    world.game_has("System/T3UI.ini.VKBU", "[UI]\r\nScale=1\r\n");
+    world.game_has("System/T3Hud.ini", "[Hud]\r\nSize=patched last time\r\n");
+    world.game_has("System/T3Hud.ini.VKBU", "[Hud]\r\nSize=1\r\n");
+    world.game_has("System/T3Hud_patch.ini", "[Hud]\r\nSize=3\r\n");
+    world.choose("frost.zip");
+    EXPECT_TRUE(world.play().started);
+    EXPECT_EQ(world.game_file("System/T3UI.ini"), "[UI]\r\nScale=1\r\n");
+    EXPECT_FALSE(world.exists(world.in_game("System/T3UI.ini.VKBU")));
+    EXPECT_EQ(world.game_file("System/T3Hud.ini"), "[Hud]\r\nSize=3\r\n");
+    EXPECT_EQ(world.game_file("System/T3Hud.ini.VKBU"), "[Hud]\r\nSize=1\r\n");
+}
+
+TEST(Play_Starts, Other_games_leave_thief3_alone) {
+    Play_World world("T2");
+    world.program().ini.T3_GAME_LOCATION = world.windows("games/T3");
+    world.write("games/T3/T3UI.ini.VKBU", "older");
+    world.choose("frost.zip");
+    EXPECT_TRUE(world.play().started);
+    EXPECT_EQ(world.read("games/T3/T3UI.ini.VKBU"), "older");
+}
+
 TEST(Play_Starts, The_trace_tells_its_beginning_and_its_end) {
     Play_World world("T1");
     world.choose("frost.zip");
