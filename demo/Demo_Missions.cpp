@@ -31,7 +31,7 @@ struct Mission_Row {
     const char *date;          ///< of its archive
 };
 
-constexpr std::array<Mission_Row, 14> missions{{
+constexpr std::array<Mission_Row, 15> missions{{
     {"T2", "harbour_v1.zip", "zip", "", "2004-06-12"},
     {"T2", "frost.zip", "", "", "2009-03-11"},
     {"T2", "nuit.zip", "zip", "ISO-8859-1", "2005-11-01"},
@@ -46,6 +46,7 @@ constexpr std::array<Mission_Row, 14> missions{{
     {"SS2", "greenhouse.zip", "", "", "2013-05-02"},
     {"DMOD", "coldlab.zip", "7z", "", "2006-12-19"},
     {"DMOD", "redstation.zip", "", "", "2008-08-08"},
+    {"TG", "mincovna.zip", "zip", "", "2008-04-12"},
 }};
 
 constexpr Made_File made_files[] = {
@@ -88,6 +89,8 @@ constexpr Made_File made_files[] = {
     {"coldlab.zip", "VKTITLE.JPG", Made::jpg},
     {"redstation.zip", "redstation.pk4", Made::pk4},
     {"redstation.zip", "VKTITLE.GIF", Made::gif},
+    {"mincovna.zip", "miss18.mis", Made::map},
+    {"mincovna.zip", "VKTITLE.JPG", Made::jpg},
 };
 
 /// Bytes that look like a map: the same for every run, and not much to pack.

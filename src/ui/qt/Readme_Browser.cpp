@@ -34,8 +34,8 @@ void Set_fonts(QWebEngineSettings *settings, const QString &family) {
     settings->setFontSize(QWebEngineSettings::DefaultFontSize, page_text_size);
 }
 
-/// The page's room and scroll bars in the manner of the window. It runs apart from the page's own world,
-/// where scripts are off.
+/// The page's room, scroll bars and pictures in the manner of the window: no picture crowds the text out. It
+/// runs apart from the page's own world, where scripts are off.
 QWebEngineScript Page_manner() {
     QWebEngineScript script;
     script.setName(QStringLiteral("manner"));
@@ -45,7 +45,10 @@ QWebEngineScript Page_manner() {
         QStringLiteral("var sheet = document.createElement('style');"
                        "sheet.textContent = 'body{padding:14px 22px 24px;line-height:1.4}"
                        ":where(a:link){color:#2546c4}"
+                       "img{max-width:100%;height:auto}"
                        "img[src*=HTMLImages]{vertical-align:-2px}"
+                       "td[rowspan]{vertical-align:top;padding-right:16px}"
+                       "td[rowspan]>img{max-width:min(320px,36vw)}"
                        "::-webkit-scrollbar{width:12px;height:12px;background:transparent}"
                        "::-webkit-scrollbar-thumb{background:#d5d9e4;border-radius:6px;border:2px solid #fff}"
                        "::-webkit-scrollbar-thumb:hover{background:#8f97a8}';"

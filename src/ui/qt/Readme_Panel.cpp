@@ -23,7 +23,7 @@ namespace vantrosk {
 
 namespace {
 
-constexpr int note_width = 420, gap = 12;
+constexpr int note_width = 280, gap = 12;
 
 /// What stands at a place while nothing has been put there.
 struct Place_Sentence {
@@ -84,7 +84,7 @@ QWidget *Readme_Panel::Make_detached_note() {
     auto *note = new QWidget;
     note->setObjectName(QStringLiteral("readme_detached_note"));
     auto *text = Sentence(QStringLiteral("The readme is in a window of its own."));
-    text->setMaximumWidth(note_width);
+    text->setMinimumWidth(note_width);
     auto *attach = new QPushButton(QStringLiteral("&Re-attach FM Readme"));
     attach->setObjectName(QStringLiteral("readme_attach"));
     attach->setAccessibleName(QStringLiteral("Re-attach FM Readme"));

@@ -10,7 +10,7 @@ namespace vantrosk {
 
 namespace {
 
-constexpr int first_width = 800, first_height = 900, least_width = 360, least_height = 240, offset = 48;
+constexpr int first_width = 900, first_height = 900, least_width = 360, least_height = 240, offset = 48;
 
 const QScreen *Other_screen(const QScreen *taken) {
     for (const QScreen *screen : QGuiApplication::screens())
