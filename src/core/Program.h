@@ -17,6 +17,7 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -59,7 +60,16 @@ struct Selected_Fm {
     QStringList mission_files;
     QString readme_page; ///< Windows path of the page or file shown; empty for none
     bool marked_dark_mod = false;
-    QString install_state; ///< "installed", "not installed" or "other installed"
+    QString install_state;         ///< "installed", "not installed" or "other installed"
+    QString custom_mission_folder; ///< upper case: where a custom game's map lies in the zip
+    QString custom_mission_path; ///< what the launch command of a custom game calls its mission; ends in "\"
+};
+
+/// The pages behind the further tabs of the readme area, made by folders that build on the library. One that
+/// nobody has set stands for a tab that does not show; so does an empty answer.
+struct Tab_Pages {
+    std::function<QString(const QString &form_file)> competition; ///< page of a form file of INFO
+    std::function<QString(const QString &fm_name)> review;        ///< page of one review, or frame of several
 };
 
 /// An author whose name shows in a colour of its own.
@@ -109,6 +119,7 @@ struct Program {
     bool first_run = false; ///< one of the two ini files was missing
     Start_State start;
     Later_Steps later_steps;
+    Tab_Pages tab_pages;
     Timers timers;
     std::unique_ptr<Audio_Library> audio;
     QString server_base_url, review_feed_url;

@@ -84,9 +84,16 @@ struct Details_Panel {
     bool reset_enabled = false;
 };
 
+/// The button that opens the mission in its game's editor.
+struct Editor_Button {
+    QString caption, tip;
+    bool enabled = false;
+};
+
 struct Readme_Tab {
     QString key;
     QString caption;
+    QString page; ///< what the third browser shows while it is in front; empty for a tab without a page
 };
 
 /// Where the window stands and how it is divided, in pixels; the window keeps it up to date. 0: nothing
@@ -125,6 +132,7 @@ struct Screen {
     Menu_Entries menu;
     Fm_List list;
     Details_Panel details;
+    Editor_Button editor;
     std::vector<Readme_Tab> readme_tabs; ///< beyond the readme itself
     QString readme_page;                 ///< where the readme browser was sent last
     bool busy = false;                   ///< a row is being examined, a scan or an install runs

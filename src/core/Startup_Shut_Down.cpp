@@ -1,3 +1,4 @@
+#include "core/Page_Names.h"
 #include "core/Program.h"
 #include "core/Window_State.h"
 #include "core/mdlFile_Functions.h"
@@ -11,8 +12,8 @@ namespace vantrosk {
 namespace {
 
 constexpr int first_feed_page = 2, last_feed_page = 15;
-constexpr const char *leftover_pages[] = {"Competitionform.htm", "Feedbackform.htm", "temprtf.txt",
-                                          "temprtf.htm"};
+constexpr const char *leftover_pages[] = {competition_page_name, feedback_page_name, rtf_text_name,
+                                          rtf_page_name};
 
 void Delete_temp_file(Program &program, const QString &name) {
     if (const Fault fault = DeleteFileForced(program, program.paths.temp + name))

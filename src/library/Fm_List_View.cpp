@@ -8,6 +8,7 @@
 #include "install/undo/Undo_List.h"
 #include "library/Fm_List_Save.h"
 #include "library/Get_Info.h"
+#include "library/SetUp_Dromed.h"
 
 #include <QScopeGuard>
 
@@ -53,9 +54,9 @@ QString Folder_of_original_row(const Program &program) {
 
 void Set_multi_player_tab(Program &program, bool wanted) {
     auto &tabs = program.screen.readme_tabs;
-    std::erase_if(tabs, [](const Readme_Tab &tab) { return tab.key == QLatin1String(multi_player_key); });
+    tabs.clear();
     if (wanted)
-        tabs.push_back({multi_player_key, "Multi-Player Options"});
+        tabs.push_back({multi_player_key, "Multi-Player Options", {}});
     program.ui.readme_tabs_changed();
 }
 
@@ -134,7 +135,7 @@ void Finish_examining(Program &program, int row) {
     program.screen.no_mission_selected = false;
     Set_Upload_Controls(program);
     program.ui.list_row_changed(row);
-    program.ui.details_changed();
+    SetUp_Dromed(program);
 }
 
 /// The row is no mission. What the panel told of another one goes, so that no button works on that.

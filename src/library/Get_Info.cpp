@@ -35,10 +35,6 @@ void Reset_selection(Program &program, const Info_Run &run) {
                            &program.CURRENT_GAME, &program.CURRENT_GAME_PATH})
         state->clear();
     Name_fourth_level(program.screen.details, run.key);
-    if (!program.screen.readme_tabs.empty()) {
-        program.screen.readme_tabs.clear();
-        program.ui.readme_tabs_changed();
-    }
 }
 
 /// A zip name is one name: a separator in it would lead to another folder.
@@ -46,11 +42,28 @@ bool Is_one_name(const QString &zip_name) {
     return !zip_name.contains(QLatin1Char('\\')) && !zip_name.contains(QLatin1Char('/'));
 }
 
+QStringList Custom_folders(const QString &list) {
+    QStringList folders = Split_folder_list(list, Empty_Entry::is_passed_over);
+    for (QString &folder : folders) {
+        folder.replace(QLatin1Char('/'), QLatin1Char('\\'));
+        while (folder.endsWith(QLatin1Char('\\')))
+            folder.chop(1);
+    }
+    return folders;
+}
+
+/// Without separators behind them.
+QStringList Zip_folders(const Program &program, const QString &key) {
+    if (key == QLatin1String("CUSTOM"))
+        return Custom_folders(program.custom.zip_folders);
+    const Game *game = Find_Game(key);
+    return game ? Fm_Folders(program.ini, *game, Empty_Entry::is_passed_over) : QStringList();
+}
+
 void Locate_zip(Program &program, Info_Run &run) {
-    const Game *game = Find_Game(run.key);
-    if (!game || !Is_one_name(run.zip_name))
+    if (!Is_one_name(run.zip_name))
         return;
-    for (const QString &folder : Fm_Folders(program.ini, *game, Empty_Entry::is_passed_over)) {
+    for (const QString &folder : Zip_folders(program, run.key)) {
         const auto file = program.files.look(folder + "\\" + run.zip_name);
         if (!file || file->is_folder)
             continue;
@@ -87,6 +100,8 @@ void Take_findings(Program &program, const Info_Run &run) {
     program.fm.FM_FOLDER = found.mission_folder;
     program.fm.background_image = found.background_image;
     program.fm.marked_dark_mod = found.marked_dark_mod;
+    program.fm.custom_mission_folder = found.custom_mission_folder;
+    program.fm.custom_mission_path = found.custom_mission_path;
     program.WELCOMEPIC = found.main_picture.isEmpty() ? found.title_image : found.main_picture;
     program.CURRENT_GAME = found.active_game;
     Details_Panel &details = program.screen.details;
@@ -124,14 +139,34 @@ void Examine(Program &program, Info_Run &run) {
     Take_findings(program, run);
     Convert_pictures(program, run);
     Show_Readme(program, run);
+    Keep_Loot_List(program, run);
     Read_fields(program);
     Settle_Game(program, run);
     Note_map_picture(program, run);
     Show_Record(program, run);
     Insert_Record(program, run);
     Show_Picture(program, run);
+    Show_Tabs(program, run);
     Log_game(program);
     Show_Installed_State(program, run);
+}
+
+Info_Run Run_of(const Program &program, const QString &zip_name) {
+    Info_Run run;
+    run.zip_name = zip_name;
+    run.key = program.SELECTED_GAME_TAB;
+    run.found.key = run.key;
+    run.found.upper_zip_name = zip_name.toUpper();
+    run.found.use_zip_resources = program.tweaks.USE_ZIP_RESOURCES;
+    run.list_game = run.key;
+    if (run.found.is_custom()) {
+        run.list_game = program.custom_name;
+        run.found.custom = {
+            program.custom_name,
+            program.custom_extensions.toUpper().split(QLatin1String("**"), Qt::SkipEmptyParts),
+            program.custom.use_map_folder, program.custom.full_folder_path};
+    }
+    return run;
 }
 
 void Look_at_zip(Program &program, Info_Run &run) {
@@ -142,6 +177,7 @@ void Look_at_zip(Program &program, Info_Run &run) {
         return;
     }
     Reset_selection(program, run);
+    Remove_Tabs(program);
     Show_Unreadable_Zip(program, fault);
     program.ui.details_changed();
 }
@@ -157,12 +193,7 @@ void Get_Info(Program &program, const QString &zip_name) {
     debug_print(program, ": Start Get_Info");
     if (!Has_selection(program.screen.list))
         return;
-    Info_Run run;
-    run.zip_name = zip_name;
-    run.key = program.SELECTED_GAME_TAB;
-    run.found.key = run.key;
-    run.found.upper_zip_name = zip_name.toUpper();
-    run.found.use_zip_resources = program.tweaks.USE_ZIP_RESOURCES;
+    Info_Run run = Run_of(program, zip_name);
     With_error_box(program, "Get_Info", "Form frmMain", [&] {
         Reset_selection(program, run);
         Locate_zip(program, run);

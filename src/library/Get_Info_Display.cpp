@@ -82,6 +82,8 @@ void Get_TXT_Readme_info(Program &program, const QString &path) {
         Show_page(program, {});
     else
         Fill_empty_fields(program, Fields_of_text(lines));
+    if (!lines.isEmpty() && program.SELECTED_GAME_TAB == QLatin1String("CUSTOM"))
+        program.screen.details.game = Custom_game_text(program.custom_name);
     debug_print(program, ": End Get_TXT_Readme_info");
 }
 

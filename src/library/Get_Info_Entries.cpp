@@ -4,6 +4,9 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <span>
+
 namespace vantrosk {
 
 namespace {
@@ -189,16 +192,20 @@ bool Is_competition(Entry_Findings &found, const Entry_View &entry) {
     return true;
 }
 
-/// The first row that fits decides.
-constexpr std::array<Entry_Row, 23> entry_rows{{
+// The first row that fits decides: readmes, then missions, then all else.
+constexpr auto readme_rows = std::to_array<Entry_Row>({
     {Fits::ends, {".RTF"}, Consider_rtf_readme},
     {Fits::ends, {".TXT"}, Is_text},
     {Fits::ends, {".HTM", ".HTML"}, Nothing},
     {Fits::ends, {".VKML"}, Is_vkml},
+});
+constexpr auto mission_rows = std::to_array<Entry_Row>({
     {Fits::ends, {".MIS"}, Is_mission},
     {Fits::ends, {".IBT", ".CBT"}, Is_thief3_mission},
     {Fits::ends, {".PK4"}, Is_doom_mission},
     {Fits::is, {"DARKMOD.INI"}, Is_dark_mod_ini},
+});
+constexpr auto content_rows = std::to_array<Entry_Row>({
     {Fits::is, {"VKTITLE.JPG", "VK TITLE.JPG", "VKTITLE.GIF", "VK TITLE.GIF"}, Is_title_image},
     {Fits::is,
      {"VKBACKGROUND.JPG", "VK BACKGROUND.JPG", "VKBACKGROUND.GIF", "VK BACKGROUND.GIF"},
@@ -216,7 +223,7 @@ constexpr std::array<Entry_Row, 23> entry_rows{{
     {Fits::is, {"TITLES.STR"}, Is_titles_str},
     {Fits::ends, {".OSL", ".DLX"}, Select_it},
     {Fits::is, {"VKCOMPETITION.VKCR"}, Is_competition},
-}};
+});
 
 bool Fits_row(const Entry_Row &row, const QString &upper) {
     for (const char *text : row.texts) {
@@ -226,6 +233,17 @@ bool Fits_row(const Entry_Row &row, const QString &upper) {
             return true;
     }
     return false;
+}
+
+/// True when a row fits.
+bool Apply_rows(std::span<const Entry_Row> rows, Entry_Findings &found, const Entry_View &entry) {
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [&](const Entry_Row &one) { return Fits_row(one, entry.upper); });
+    if (row == rows.end())
+        return false;
+    if (row->rule(found, entry))
+        found.selected.push_back(entry.number);
+    return true;
 }
 
 void Take_language(Entry_Findings &found, const Entry_View &entry) {
@@ -256,13 +274,13 @@ bool Entry_Findings::has_thief3_mission() const {
 void Classify_Entry(Entry_Findings &found, int number, const QString &name, const QString &directory) {
     const Entry_View entry{number, name, name.toUpper(), directory, "\\" + directory.toUpper()};
     Take_language(found, entry);
-    for (const Entry_Row &row : entry_rows) {
-        if (!Fits_row(row, entry.upper))
-            continue;
-        if (row.rule(found, entry))
-            found.selected.push_back(number);
+    if (Apply_rows(readme_rows, found, entry))
         return;
-    }
+    // A custom game's own missions come before those that other games have under the same extension.
+    if (found.is_custom() && Take_custom_mission(found, entry))
+        return;
+    if (!Apply_rows(mission_rows, found, entry) && !found.is_custom())
+        Apply_rows(content_rows, found, entry);
 }
 
 void Keep_one_of_each_name(Entry_Findings &found, const std::vector<QString> &names) {

@@ -32,11 +32,20 @@ enum Feature {
     feature_count
 };
 
-/// What the entries of the selected zip tell. The first three are given, the rest is found.
+/// What is given of the game of a custom list.
+struct Custom_Entries {
+    QString name;                 ///< as the user wrote it
+    QStringList extensions;       ///< of its missions, upper case, without the dot
+    bool uses_map_folder = false; ///< its missions go by the folder of their map
+    QString full_path;            ///< not empty: by the map's path; "FULL" and a part to leave out
+};
+
+/// What the entries of the selected zip tell. The first four are given, the rest is found.
 struct Entry_Findings {
     QString key;            ///< code of the list
     QString upper_zip_name; ///< "MISSION.ZIP"
     bool use_zip_resources = false;
+    Custom_Entries custom;
 
     std::array<QString, 7> languages;
     std::array<bool, feature_count> features{};
@@ -45,6 +54,9 @@ struct Entry_Findings {
     QString mission_folder; ///< folder of the last ".PK4"
     QString game_text, active_game;
     bool marked_dark_mod = false;
+    bool has_custom_mission = false; ///< a mission of the custom game
+    QString custom_mission_folder;   ///< of its map, upper case
+    QString custom_mission_path;     ///< the same as the launch command wants it; ends in "\"
     QString title_image, main_picture, background_image; ///< names as in the zip
     std::map<int, QString> main_frames;                  ///< "MAIN_<number>.PCX" by number
     QString map_folder, map_name;                        ///< the first map picture
@@ -55,6 +67,7 @@ struct Entry_Findings {
     std::vector<int> readme_images; ///< those of them that go to the readme's picture folder
     std::map<QString, int> chosen;  ///< which entry is the "readme", the "title" and so on
 
+    bool is_custom() const { return key == QLatin1String("CUSTOM"); }
     std::set<int> chosen_entries() const;
     bool has_thief3_mission() const; ///< an ".IBT" or ".CBT"
 };
@@ -69,5 +82,11 @@ void Keep_one_of_each_name(Entry_Findings &found, const std::vector<QString> &na
 /// A ".TXT" or ".RTF": becomes the readme or does not, given those seen before it. True when it is extracted.
 bool Consider_text_readme(Entry_Findings &found, const Entry_View &entry);
 bool Consider_rtf_readme(Entry_Findings &found, const Entry_View &entry);
+
+// Get_Info_Custom.cpp
+/// A mission by one of the custom game's extensions; false for any other entry.
+bool Take_custom_mission(Entry_Findings &found, const Entry_View &entry);
+/// Whether a ".TXT" goes by the zip's name less "_" and the game's name.
+bool Is_named_after_custom_zip(const Entry_Findings &found, const Entry_View &entry);
 
 } // namespace vantrosk

@@ -21,11 +21,14 @@ bool Is_active_game(const QString &code) {
     return false;
 }
 
-QString Folder_of(const Program &program, const QString &code) {
-    QString folder = Game_Folder(program.ini, code);
+QString Without_separator(QString folder) {
     while (folder.endsWith('\\') || folder.endsWith('/'))
         folder.chop(1);
     return folder;
+}
+
+QString Folder_of(const Program &program, const QString &code) {
+    return Without_separator(Game_Folder(program.ini, code));
 }
 
 void Activate(Program &program, const QString &code) {
@@ -66,20 +69,26 @@ QString Game_of_any_record(Program &program, const Info_Run &run) {
     return {};
 }
 
+/// A game that something other than the readme gave; a guess counts only where that game is set up.
+struct Decision {
+    QString code;
+    bool is_guess = false;
+};
+
 /// What decides when the readme names no game. Only Dark Engine games number their missions "miss20.mis", and
 /// of these System Shock 2 alone has no "titles.str"; a record knows better, since the scan saw more.
-QString Game_without_readme(Program &program, const Info_Run &run) {
+Decision Game_without_readme(Program &program, const Info_Run &run) {
     const bool miss_file = Has_miss_file(run);
     if (miss_file) {
         const QString by_titles = Game_by_titles(program, run);
         if (!by_titles.isEmpty())
-            return by_titles;
+            return {by_titles};
     }
     if (!Game_Text(run.record_game).isEmpty())
-        return run.record_game;
+        return {run.record_game};
     if (miss_file && !run.found.has_titles_str)
-        return "SS2";
-    return Game_of_any_record(program, run);
+        return {"SS2", true};
+    return {Game_of_any_record(program, run)};
 }
 
 void Ask_for_game(Program &program) {
@@ -104,6 +113,16 @@ void Activate_by_text(Program &program) {
         Activate(program, code);
 }
 
+/// A custom game has one folder, whatever the readme says.
+void Activate_custom(Program &program, const Info_Run &run) {
+    if (run.found.has_custom_mission) {
+        program.screen.details.game = Custom_game_text(program.custom_name);
+        program.CURRENT_GAME = program.custom_name;
+    }
+    program.CURRENT_GAME_PATH = Without_separator(QString(program.custom_game_path).remove("*#*"));
+    program.screen.details.game_icon = program.CURRENT_GAME;
+}
+
 /// Missions of The Dark Mod come in the same form as those of Doom 3; what marks them was noted on the way.
 void Tell_dark_mod_from_doom(Program &program, const Info_Run &run) {
     if (run.key != QLatin1String("DMOD") && program.CURRENT_GAME != QLatin1String("DMOD"))
@@ -117,16 +136,20 @@ void Tell_dark_mod_from_doom(Program &program, const Info_Run &run) {
 
 void Settle_Game(Program &program, const Info_Run &run) {
     QString &text = program.screen.details.game;
-    const bool in_question =
-        !program.MISSIONFILE.isEmpty() && !run.found.has_thief3_mission() && Map_game_words(text).isEmpty();
-    const QString decided = in_question ? Game_without_readme(program, run) : QString();
-    if (!decided.isEmpty())
-        text = Game_Text(decided);
-    if (in_question && decided.isEmpty())
+    const bool in_question = !program.MISSIONFILE.isEmpty() && !run.found.has_custom_mission &&
+                             !run.found.has_thief3_mission() && Map_game_words(text).isEmpty();
+    const Decision decided = in_question ? Game_without_readme(program, run) : Decision();
+    if (!decided.code.isEmpty())
+        text = Game_Text(decided.code);
+    if (in_question && decided.code.isEmpty())
         Ask_for_game(program);
-    else
+    else if (run.found.is_custom())
+        Activate_custom(program, run);
+    else if (decided.code.isEmpty() || decided.is_guess)
         Activate_by_text(program);
-    if (run.found.has_thief3_mission()) {
+    else
+        Activate(program, decided.code);
+    if (run.found.has_thief3_mission() && !run.found.has_custom_mission) {
         text = Game_Text("T3");
         Activate(program, "T3");
     }

@@ -33,13 +33,17 @@ QString State_text(Holds holds) {
     return "not installed";
 }
 
-/// Where saves of a game's missions are kept: beside the game, for Thief 3 beside its system folder.
+/// Where saves of a game's missions are kept: beside the game, for Thief 3 beside its system folder, for
+/// a custom game where the user chose.
 QString Saves_folder(const Program &program, const QString &code) {
-    QString folder = Game_Folder(program.ini, code);
+    const bool custom = code == QLatin1String("CUSTOM");
+    QString folder = custom ? program.custom.backup_saves_path : Game_Folder(program.ini, code);
     if (folder.isEmpty())
         return {};
     while (folder.endsWith(QLatin1Char('\\')))
         folder.chop(1);
+    if (custom)
+        return folder;
     if (code == QLatin1String("T3"))
         folder.remove(QLatin1String("\\SYSTEM"), Qt::CaseInsensitive);
     return folder + "\\allsaves";

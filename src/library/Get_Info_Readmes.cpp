@@ -19,11 +19,17 @@ bool Occurs_in_zip_name(const Entry_Findings &found, QString stem) {
     return !stem.isEmpty() && Zip_stem(found, ".ZIP").remove(QLatin1Char('\'')).contains(stem);
 }
 
+/// These two stay whatever comes after them.
+bool Is_settled(const Entry_Findings &found) {
+    const QString current = found.text_readme.toUpper();
+    return current == QLatin1String("README.TXT") || current == QLatin1String("INVERTED.TXT");
+}
+
 bool Replaces_text_readme(const Entry_Findings &found, const QString &upper) {
+    if (Is_settled(found))
+        return false;
     const QString current = found.text_readme.toUpper();
     const QLatin1String readme("README"), english("ENG");
-    if (current == QLatin1String("README.TXT") || current == QLatin1String("INVERTED.TXT"))
-        return false;
     if (upper == QLatin1String("README.TXT") || upper == QLatin1String("MISSION-INFO.TXT"))
         return true;
     if (upper.contains(readme) && !current.contains(readme))
@@ -54,9 +60,10 @@ void Become_text_readme(Entry_Findings &found, const Entry_View &entry) {
 bool Consider_first_text(Entry_Findings &found, const Entry_View &entry) {
     if (entry.folder == QLatin1String("\\FAN MISSION EXTRAS"))
         return true;
-    if (!entry.directory.isEmpty() && entry.upper != QLatin1String("README.TXT"))
+    const bool at_root = entry.directory.isEmpty();
+    if (!at_root && !found.is_custom() && entry.upper != QLatin1String("README.TXT"))
         return false;
-    if (entry.upper != QLatin1String("INVERTED.TXT"))
+    if (!at_root || entry.upper != QLatin1String("INVERTED.TXT"))
         Become_text_readme(found, entry);
     return true;
 }
@@ -71,6 +78,10 @@ bool Consider_text_readme(Entry_Findings &found, const Entry_View &entry) {
     if (found.text_readme.isEmpty())
         return Consider_first_text(found, entry);
     if (Replaces_text_readme(found, entry.upper))
+        Become_text_readme(found, entry);
+    else if (found.is_custom() && !Is_named_after_custom_zip(found, entry))
+        return false;
+    else if (found.is_custom() && !Is_settled(found))
         Become_text_readme(found, entry);
     return true;
 }

@@ -57,10 +57,13 @@ void Show_community(Program &program, const Recordset &record) {
         checked.isValid() && checked.date().daysTo(program.clock.now().date()) > days_until_old;
 }
 
-void Show_own_fields(Program &program, const Recordset &record) {
+void Show_own_fields(Program &program, const Info_Run &run) {
+    const Recordset &record = run.record;
     Details_Panel &details = program.screen.details;
-    details.score_upload = record.is_null(0, "last_uploaded_date");
-    details.keywords_upload = record.is_null(0, "categories_uploaded");
+    // The community knows nothing of custom games.
+    const bool may_upload = !run.found.is_custom();
+    details.score_upload = may_upload && record.is_null(0, "last_uploaded_date");
+    details.keywords_upload = may_upload && record.is_null(0, "categories_uploaded");
     details.score = record.text(0, "score");
     details.review = record.text(0, "review");
     details.finished = Finished_boxes(record.number(0, "completed"));
@@ -99,7 +102,7 @@ QString Game_condition(const QString &key) {
 
 void Read_Record(Program &program, Info_Run &run) {
     const QString select = "SELECT * FROM Table_Scores WHERE zip_name = ";
-    run.record = db_Query(program, select + In_double_quotes(run.zip_name) + Game_condition(run.key));
+    run.record = db_Query(program, select + In_double_quotes(run.zip_name) + Game_condition(run.list_game));
     if (run.record.is_empty())
         return;
     run.record_game = run.record.text(0, "game");
@@ -113,7 +116,7 @@ void Read_Record(Program &program, Info_Run &run) {
 void Show_Record(Program &program, const Info_Run &run) {
     if (program.MISSIONFILE.isEmpty() || !run.has_record())
         return;
-    Show_own_fields(program, run.record);
+    Show_own_fields(program, run);
     Show_community(program, run.record);
     Mend_name(program, run);
     if (program.screen.details.name.isEmpty())

@@ -40,6 +40,15 @@ Scan Scan_of(const Archives_Request &request) {
     return scan;
 }
 
+/// What the selection of a mission will need to know of the list's custom game.
+void Keep_custom_game(Program &program, const Archives_Request &request) {
+    program.custom_name = request.custom_name;
+    program.custom_extensions = request.custom_extensions;
+    program.custom_game_path = request.custom_game_path;
+    program.custom = request.custom;
+    program.custom.zip_folders = request.folders;
+}
+
 /// Forgets the previous list and its selection.
 void Start_scan(Program &program, const Scan &scan, const Archives_Request &request) {
     Set_Status_Panel(program, 1, "Please Wait");
@@ -53,9 +62,7 @@ void Start_scan(Program &program, const Scan &scan, const Archives_Request &requ
     program.scan.filter = scan.filter;
     Show_Readme_Page(program, "about:blank");
     program.SELECTED_GAME_TAB = scan.key;
-    program.custom_name = scan.is_custom() ? request.custom_name : QString();
-    program.custom_extensions = scan.is_custom() ? request.custom_extensions : QString();
-    program.custom_game_path = scan.is_custom() ? request.custom_game_path : QString();
+    Keep_custom_game(program, scan.is_custom() ? request : Archives_Request());
     Start_debug_log(program);
     Set_Status_Panel(program, 1, "Working");
     Set_Status_Panel(program, 2, "");

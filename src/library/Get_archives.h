@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Custom_Game.h"
+
 #include <QString>
 
 namespace vantrosk {
@@ -15,6 +17,7 @@ struct Archives_Request {
     QString custom_extensions; ///< its mission extensions, joined by "**"
     QString custom_game_path;
     QString custom_mission_folder; ///< where its missions lie in the zip: a folder, or "REGEX:" and a pattern
+    Custom_Game custom;            ///< what else its button's section has
     int filter = 0; ///< 0 none; 1-4, 11-14 ratings; 21-24 played and completed; 31 on categories
 };
 

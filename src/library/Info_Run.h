@@ -15,6 +15,7 @@ namespace vantrosk {
 struct Info_Run {
     QString zip_name;
     QString key;         ///< code of the list
+    QString list_game;   ///< what records of this list have as game: the code, or the custom game's name
     QString zip_path;    ///< empty when no folder of the list holds the zip
     qint64 zip_size = 0; ///< bytes
     Entry_Findings found;
@@ -53,6 +54,13 @@ void Show_Unreadable_Zip(Program &program, const Fault &fault);
 void Get_TXT_Readme_info(Program &program, const QString &path);
 /// The same from a VKML readme.
 void Get_VKML_Readme_info(Program &program, const QString &path);
+
+// Get_Info_Tabs.cpp
+/// Adds the tabs that the selected mission has a reason for and removes all others.
+void Show_Tabs(Program &program, const Info_Run &run);
+void Remove_Tabs(Program &program);
+/// Keeps the mission's loot list where the loot tool looks for lists.
+void Keep_Loot_List(Program &program, const Info_Run &run);
 
 // Get_Info_Game.cpp
 /// Settles the active game; asks when nothing else decides.

@@ -1,7 +1,10 @@
 #include "readme/Code_Pages.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace vantrosk {
 
@@ -133,6 +136,54 @@ constexpr std::array<Code_Page, 8> code_pages{{
 }};
 // clang-format on
 
+/// Pages that Qt reads by their name, where it was built with ICU.
+struct Named_Page {
+    int number;
+    const char *name;
+};
+
+constexpr auto named_pages = std::to_array<Named_Page>({
+    {932, "windows-932"},   // Japanese
+    {936, "windows-936"},   // Chinese, simplified
+    {949, "windows-949"},   // Korean
+    {950, "windows-950"},   // Chinese, traditional
+    {54936, "gb18030"},     // Chinese, all characters
+    {874, "windows-874"},   // Thai
+    {1255, "windows-1255"}, // Hebrew
+    {1256, "windows-1256"}, // Arabic
+    {1257, "windows-1257"}, // Baltic
+    {1258, "windows-1258"}, // Vietnamese
+    {737, "ibm-737"},       // the IBM PC: Greek
+    {775, "ibm-775"},       // Baltic
+    {852, "ibm-852"},       // Central European
+    {855, "ibm-855"},       // Cyrillic
+    {857, "ibm-857"},       // Turkish
+    {862, "ibm-862"},       // Hebrew
+    {866, "ibm-866"},       // Russian
+    {20866, "KOI8-R"},         {21866, "KOI8-U"},      {28592, "ISO-8859-2"},
+    {28595, "ISO-8859-5"},     {28605, "ISO-8859-15"}, {10001, "windows-932"}, // the Macintosh: Japanese
+    {10002, "windows-950"},                                                    // Chinese, traditional
+    {10003, "windows-949"},                                                    // Korean
+    {10006, "x-mac-greek"},                                                    // Greek
+    {10007, "x-mac-cyrillic"},                                                 // Cyrillic
+    {10008, "windows-936"},                                                    // Chinese, simplified
+    {10029, "x-mac-ce"},                                                       // Central European
+    {10081, "x-mac-turkish"},                                                  // Turkish
+});
+
+/// Nothing for a page that is not known by name here.
+std::optional<QString> Text_of_named_page(const QByteArray &bytes, int number) {
+    const auto page = std::find_if(named_pages.begin(), named_pages.end(),
+                                   [number](const Named_Page &one) { return one.number == number; });
+    if (page == named_pages.end())
+        return std::nullopt;
+    QStringDecoder decoder(page->name, QStringConverter::Flag::Stateless);
+    if (!decoder.isValid())
+        return std::nullopt;
+    const QString text = decoder.decode(bytes);
+    return text;
+}
+
 const Code_Page *Find_page(int number) {
     const auto page = std::find_if(code_pages.begin(), code_pages.end(),
                                    [number](const Code_Page &one) { return one.number == number; });
@@ -144,6 +195,8 @@ const Code_Page *Find_page(int number) {
 QString Text_of_code_page(const QByteArray &bytes, int code_page) {
     if (code_page == utf8_code_page)
         return QString::fromUtf8(bytes);
+    if (const auto text = Text_of_named_page(bytes, code_page))
+        return *text;
     const Code_Page *page = Find_page(code_page);
     const Upper_Half &upper_half = (page ? page : Find_page(western_code_page))->upper_half;
     QString text;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Page_Names.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -9,8 +11,6 @@ namespace vantrosk {
 
 class Recordset;
 struct Program;
-
-inline constexpr const char *rtf_text_name = "temprtf.txt";
 
 /// The opening of every generated page: style sheet from the font tweaks, meta line, body tag. `full_width`
 /// takes the body's margins away; `with_background` lays the selected mission's background picture below.

@@ -23,6 +23,9 @@ std::vector<QByteArray> Fuzz_seeds() {
         "b\\nestcell{\\*\\nesttableprops\\nestrow}{\\nonesttables\\par}\\row}",
         "{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt y}}{\\shp{\\*\\shpinst{\\sp{\\sn "
         "a}}{\\shptxt z}}}}",
+        "{\\rtf1\\ansicpg932\\deff0{\\fonttbl{\\f0\\fcharset128 A;}{\\f1\\fcharset136 B;}{\\f2\\fcharset129 "
+        "C;}}"
+        "\\'93\\'90\\'95\\\\{\\f1\\'ae\\'61}\\f2\\'b5\\'b5\\uc2\\u30423\\'93\\'90}",
         "Title: no rich text\r\nAuthor: nobody\r\n",
     };
 }
@@ -30,7 +33,8 @@ std::vector<QByteArray> Fuzz_seeds() {
 std::vector<QByteArray> Fuzz_pieces() {
     return {"{",     "}",      "\\",       "{\\*\\", "\\par ",    "\\u",       "\\uc",   "\\'",
             "\\bin", "\\f",    "\\deff",   "-",      "99999999",  "\\fonttbl", "\\upr",  "\\ud",
-            "\\v",   "\\pict", "\\plain ", "\r\n",   "\\ansicpg", "65001",     "{\\rtf", "\\fcharset"};
+            "\\v",   "\\pict", "\\plain ", "\r\n",   "\\ansicpg", "65001",     "{\\rtf", "932",
+            "936",   "949",    "950",      "\\'93",  "\\fcharset"};
 }
 
 } // namespace vantrosk

@@ -8,6 +8,20 @@
 
 namespace vantrosk {
 
+inline const Zip_Entry a_mission{"miss20.mis", "mission", {}};
+
+inline Zip_Entry Readme(const QByteArray &text) {
+    return {"readme.txt", text, {}};
+}
+
+inline Zip_Entry Titles(const QByteArray &text) {
+    return {"strings/titles.str", text, {}};
+}
+
+/// A mission that tells all about itself.
+inline const std::vector<Zip_Entry> whole_mission{
+    a_mission, Readme("Title : The Vault\nAuthor : Ann Lee\nGame : Thief 2\n")};
+
 /// A world with Thief 2 set up and one selected row; verbs make the zip and examine it.
 struct Info_World : testing::Test {
     World world;
@@ -17,6 +31,13 @@ struct Info_World : testing::Test {
 
     /// The game in folder "games/CODE", its zips in "zips/CODE".
     void set_up(const QString &code) { world.set_up_game(code, "games/" + code, "zips/" + code); }
+
+    /// A record of "vault.zip" with these values, then the zip examined.
+    void examine_recorded(const QString &columns = {}, const QString &values = {},
+                          const std::vector<Zip_Entry> &entries = whole_mission) {
+        record("T2", columns, values);
+        examine(entries);
+    }
 
     /// Makes the zip in the folder of that list and examines it.
     void examine(const std::vector<Zip_Entry> &entries, const QString &list = "T2",
@@ -55,7 +76,5 @@ struct Info_World : testing::Test {
     QString game_path(const QString &code) { return world.windows("games/" + code); }
     QString info_path(const QString &name) { return world.windows("home") + "\\INFO\\" + name; }
 };
-
-inline const Zip_Entry a_mission{"miss20.mis", "mission", {}};
 
 } // namespace vantrosk

@@ -18,14 +18,6 @@ const QByteArray question =
     "Vantrosk has not be able to determine what game this is for.\nIs this a THIEF 2 THE "
     "METAL AGE fan mission? If not Vantrosk will attempt to play it on Thief 1";
 
-Zip_Entry Readme(const QByteArray &text) {
-    return {"readme.txt", text, {}};
-}
-
-Zip_Entry Titles(const QByteArray &text) {
-    return {"strings/titles.str", text, {}};
-}
-
 const Zip_Entry unmarked_titles = Titles("title_20: \"The Vault\"\r\n");
 
 } // namespace
@@ -162,6 +154,28 @@ TEST_F(Info_Game, An_answer_for_another_list_is_not_asked_again) {
     EXPECT_EQ(world.ui.boxes.size(), 1u);
     EXPECT_EQ(game(), expected("Thief The Metal Age", "T2"));
     EXPECT_EQ(records("game"), QStringList("T2"));
+}
+
+TEST_F(Info_Game, An_answer_for_a_game_that_is_not_set_up_stays_the_active_game) {
+    examine({a_mission, unmarked_titles});
+    EXPECT_EQ(game(), (QStringList{"Thief 1 The Dark Project", "TG", "", "TG"}));
+    EXPECT_EQ(records("game"), QStringList("TG"));
+    examine_again();
+    EXPECT_EQ(world.ui.boxes.size(), 1u);
+    EXPECT_EQ(game(), (QStringList{"Thief Gold", "TG", "", "TG"}));
+    EXPECT_EQ(records("game"), QStringList("TG"));
+    EXPECT_FALSE(details().install_enabled);
+}
+
+TEST_F(Info_Game, Titles_of_a_game_that_is_not_set_up_make_it_active_all_the_same) {
+    examine({a_mission, Titles("title_1: \"Song of the Caverns\"\r\n")});
+    EXPECT_EQ(game(), (QStringList{"Thief Gold", "TG", "", "TG"}));
+}
+
+TEST_F(Info_Game, A_guess_is_no_active_game_where_that_game_is_not_set_up) {
+    examine({a_mission});
+    EXPECT_EQ(game(), (QStringList{"System Shock 2", "", "", "SS2"}));
+    EXPECT_EQ(records("game"), QStringList());
 }
 
 TEST_F(Info_Game, A_zip_without_missions_asks_nothing_and_has_no_game) {

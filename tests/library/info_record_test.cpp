@@ -4,9 +4,7 @@ using namespace vantrosk;
 
 namespace {
 
-const Zip_Entry readme{"readme.txt", "Title : The Vault\nAuthor : Ann\nGame : Thief 2\n", {}};
-const Zip_Entry readme_without_title{"readme.txt", "Game : Thief 2\n", {}};
-const std::vector<Zip_Entry> mission = {a_mission, readme};
+const Zip_Entry readme_without_title = Readme("Game : Thief 2\n");
 
 struct Info_Record : Info_World {};
 
@@ -29,7 +27,7 @@ struct Group_Row : Info_World, testing::WithParamInterface<Group_Case> {};
 
 TEST_F(Info_Record, A_zip_without_a_record_gets_one) {
     world.zip("zips/T2/vault.zip",
-              {a_mission, {"readme.txt", "Title : Ann's \"Vault\"\nAuthor : O'Lee\nGame : Thief 2\n", {}}});
+              {a_mission, Readme("Title : Ann's \"Vault\"\nAuthor : O'Lee\nGame : Thief 2\n")});
     (void)program.files.set_modified(world.windows("zips/T2/vault.zip"),
                                      QDateTime(QDate(2009, 3, 11), QTime(9, 0)));
     examine_again();
@@ -44,15 +42,14 @@ TEST_F(Info_Record, A_zip_without_a_record_gets_one) {
 }
 
 TEST_F(Info_Record, A_second_selection_adds_no_second_record) {
-    examine(mission);
+    examine(whole_mission);
     examine_again();
     EXPECT_EQ(records("game"), QStringList("T2"));
 }
 
 TEST_F(Info_Record, A_name_with_both_quotes_ends_no_statement) {
     const QString zip = "it's; DROP TABLE Table_Scores--.zip";
-    examine({a_mission, {"readme.txt", "Title : x'); DELETE FROM Table_Scores; --\nGame : Thief 2\n", {}}},
-            "T2", zip);
+    examine({a_mission, Readme("Title : x'); DELETE FROM Table_Scores; --\nGame : Thief 2\n")}, "T2", zip);
     EXPECT_EQ(records("zip_name"), QStringList(zip));
     examine_again("T2", zip);
     EXPECT_EQ(records("zip_name"), QStringList(zip));
@@ -60,13 +57,13 @@ TEST_F(Info_Record, A_name_with_both_quotes_ends_no_statement) {
 }
 
 TEST_F(Info_Record, Without_missions_no_record_is_made) {
-    examine({readme});
+    examine({whole_mission[1]});
     EXPECT_EQ(records("game"), QStringList());
 }
 
 TEST_F(Info_Record, A_missing_zip_date_is_added) {
     record("T2");
-    world.zip("zips/T2/vault.zip", mission);
+    world.zip("zips/T2/vault.zip", whole_mission);
     (void)program.files.set_modified(world.windows("zips/T2/vault.zip"),
                                      QDateTime(QDate(2009, 3, 11), QTime(9, 0)));
     examine_again();
@@ -74,8 +71,7 @@ TEST_F(Info_Record, A_missing_zip_date_is_added) {
 }
 
 TEST_F(Info_Record, A_zip_date_that_is_there_stays) {
-    record("T2", ",zip_date", ",'2001/01/02'");
-    examine(mission);
+    examine_recorded(",zip_date", ",'2001/01/02'");
     EXPECT_EQ(records("zip_date"), QStringList("2001/01/02"));
 }
 
@@ -83,20 +79,20 @@ TEST_F(Info_Record, Lists_that_share_missions_find_each_others_records) {
     set_up("T1");
     set_up("DMOD");
     record("TG", ",score", ",7", "a.zip");
-    examine({a_mission, {"readme.txt", "Game : Thief 1\n", {}}}, "T1", "a.zip");
+    examine({a_mission, Readme("Game : Thief 1\n")}, "T1", "a.zip");
     EXPECT_EQ(details().score, "7");
     record("DOOM", ",score", ",6", "b.zip");
     examine({{"b.pk4", "m", {}}}, "DMOD", "b.zip");
     EXPECT_EQ(details().score, "6");
     record("T2", ",score", ",5", "c.zip");
-    examine({a_mission, {"readme.txt", "Game : Thief 1\n", {}}}, "T1", "c.zip");
+    examine({a_mission, Readme("Game : Thief 1\n")}, "T1", "c.zip");
     EXPECT_EQ(details().score, "");
 }
 
 TEST_F(Info_Record, The_users_own_fields_are_shown) {
-    record("T2", ",score,review,completed,last_played,categories_list,last_uploaded_date,categories_uploaded",
-           ",9,'Fine \"work\"',4,#2026/11/19 22:14:05#,'City,Crypt',#2026/01/02#,null");
-    examine(mission);
+    examine_recorded(
+        ",score,review,completed,last_played,categories_list,last_uploaded_date,categories_uploaded",
+        ",9,'Fine \"work\"',4,#2026/11/19 22:14:05#,'City,Crypt',#2026/01/02#,null");
     EXPECT_EQ(details().score, "9");
     EXPECT_EQ(details().review, "Fine \"work\"");
     EXPECT_EQ(details().last_played_text, "19/11/26 22:14");
@@ -106,8 +102,7 @@ TEST_F(Info_Record, The_users_own_fields_are_shown) {
 }
 
 TEST_F(Info_Record, A_bare_record_leaves_the_fields_empty) {
-    record("T2");
-    examine(mission);
+    examine_recorded();
     const QStringList shown{details().score, details().review, details().last_played_text, details().keywords,
                             details().group_score};
     EXPECT_EQ(shown, (QStringList{"", "", "", "", ""}));
@@ -120,8 +115,7 @@ TEST_F(Info_Record, A_bare_record_leaves_the_fields_empty) {
 }
 
 TEST_F(Info_Record, The_community_score_is_told) {
-    record("T2", ",average_score,group_submissions", ",8,31");
-    examine(mission);
+    examine_recorded(",average_score,group_submissions", ",8,31");
     EXPECT_EQ(details().group_score, "8");
     EXPECT_EQ(details().group_tip, "The Community gave this Fan Missions a score of 8");
     EXPECT_EQ(details().group_label, "Average score from 31 people");
@@ -129,8 +123,7 @@ TEST_F(Info_Record, The_community_score_is_told) {
 }
 
 TEST_P(Group_Row, Has_its_picture_and_label) {
-    record("T2", ",group_submissions", QString(",") + GetParam().people);
-    examine(mission);
+    examine_recorded(",group_submissions", QString(",") + GetParam().people);
     EXPECT_EQ(details().group_picture, GetParam().picture);
     EXPECT_EQ(details().group_label, GetParam().label);
 }
@@ -148,7 +141,7 @@ INSTANTIATE_TEST_SUITE_P(Table, Group_Row,
 TEST_F(Info_Record, Scores_are_old_after_more_than_ninety_days) {
     record("T2", ",last_checked_date", ",#2026/08/21#");
     world.clock->time = QDateTime(QDate(2026, 11, 19), QTime(23, 0));
-    examine(mission);
+    examine(whole_mission);
     EXPECT_FALSE(details().group_is_old);
     world.clock->time = QDateTime(QDate(2026, 11, 20), QTime(0, 0));
     examine_again();
@@ -157,7 +150,7 @@ TEST_F(Info_Record, Scores_are_old_after_more_than_ninety_days) {
 
 TEST_P(Completed_Row, Sets_its_boxes) {
     record("T2", ",completed", "," + QString::number(GetParam().sum));
-    examine(mission);
+    examine(whole_mission);
     EXPECT_EQ(details().finished, GetParam().boxes);
 }
 
@@ -173,21 +166,20 @@ INSTANTIATE_TEST_SUITE_P(Sums, Completed_Row,
                                          Completed_Case{20, {1, 1, 1, 1}}));
 
 TEST_F(Info_Record, The_name_of_the_record_stands_in_for_a_readme_without_one) {
-    record("T2", ",FM_name", ",'Ann\"s Vault'");
-    examine({a_mission, readme_without_title});
+    examine_recorded(",FM_name", ",'Ann\"s Vault'", {a_mission, readme_without_title});
     EXPECT_EQ(details().name, "Ann's Vault");
 }
 
 TEST_F(Info_Record, The_name_of_the_readme_stays) {
-    record("T2", ",FM_name", ",'Another'");
-    examine(mission);
+    examine_recorded(",FM_name", ",'Another'");
     EXPECT_EQ(details().name, "The Vault");
     EXPECT_EQ(records("FM_name"), QStringList("Another"));
 }
 
 TEST_F(Info_Record, A_name_in_titles_str_mends_the_record) {
-    record("T2", ",FM_name", ",'vault.zip'");
-    examine({a_mission, readme_without_title, {"strings/Titles.STR", "title_20: \"Ann's Vault\"\r\n", {}}});
+    examine_recorded(
+        ",FM_name", ",'vault.zip'",
+        {a_mission, readme_without_title, {"strings/Titles.STR", "title_20: \"Ann's Vault\"\r\n", {}}});
     EXPECT_EQ(details().name, "Ann's Vault");
     EXPECT_EQ(records("FM_name"), QStringList("Anns Vault"));
 }
@@ -196,16 +188,14 @@ TEST_F(Info_Record, Mending_touches_the_record_that_the_list_found) {
     set_up("T1");
     set_up("TG");
     record("TG", ",FM_name", ",'vault.zip'");
-    examine(
-        {a_mission, {"readme.txt", "Game : Thief 1\n", {}}, {"titles.str", "title_20: \"Vault\"\r\n", {}}},
-        "T1");
+    examine({a_mission, Readme("Game : Thief 1\n"), Titles("title_20: \"Vault\"\r\n")}, "T1");
     EXPECT_EQ(program.CURRENT_GAME, "T1");
     EXPECT_EQ(records("game"), QStringList("TG"));
     EXPECT_EQ(records("FM_name"), QStringList("Vault"));
 }
 
 TEST_F(Info_Record, The_fourth_level_is_named_after_the_game) {
-    examine(mission);
+    examine(whole_mission);
     const auto level = [&] {
         return QStringList{details().fourth_level_label, details().fourth_level_tip,
                            details().fourth_level_text};
@@ -214,109 +204,4 @@ TEST_F(Info_Record, The_fourth_level_is_named_after_the_game) {
     set_up("SS2");
     examine({a_mission}, "SS2");
     EXPECT_EQ(level(), (QStringList{"I:", "IMPOSSIBLE:", "Impossible"}));
-}
-
-// What the game folder holds against what the record says.
-
-namespace {
-
-struct Info_Installed : Info_World {
-    void holds(const QByteArray &zip_name, const QString &code = "T2") {
-        world.write("games/" + code + "/current_install.txt", "[ZIP LOCATION]\r\nC:\\FMs\\" + zip_name +
-                                                                  "\r\n[ZIP NAME]\r\n" + zip_name +
-                                                                  "\r\n[ZIP CONTENTS]\r\n");
-    }
-
-    /// State, database, whether the buttons show and allow it, the saves cell.
-    QStringList state() {
-        return {program.fm.install_state,
-                records("installed").join(","),
-                details().shows_installed ? "shows" : "",
-                details().install_enabled ? "install" : "",
-                details().play_enabled ? "play" : "",
-                details().saves_text};
-    }
-};
-
-} // namespace
-
-TEST_F(Info_Installed, Nothing_installed_and_nothing_said) {
-    record("T2", ",installed", ",0");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"not installed", "0", "", "install", "", ""}));
-}
-
-TEST_F(Info_Installed, The_record_is_corrected_when_the_game_holds_nothing) {
-    record("T2", ",installed", ",1");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"not installed", "0", "", "install", "", ""}));
-}
-
-TEST_F(Info_Installed, The_record_is_corrected_when_the_game_holds_another) {
-    record("T2", ",installed", ",1");
-    holds("other.zip");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"other installed", "0", "", "install", "", ""}));
-}
-
-TEST_F(Info_Installed, The_record_and_the_game_agree) {
-    record("T2", ",installed", ",1");
-    holds("VAULT.zip");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"installed", "1", "shows", "", "play", "Installed"}));
-}
-
-TEST_F(Info_Installed, The_record_is_corrected_when_the_game_holds_this_mission) {
-    record("T2", ",installed", ",0");
-    holds("vault.zip");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"installed", "1", "shows", "", "play", "Installed"}));
-}
-
-TEST_F(Info_Installed, A_new_record_learns_it_too) {
-    holds("vault.zip");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"installed", "1", "shows", "", "play", "Installed"}));
-}
-
-TEST_F(Info_Installed, Another_mission_leaves_a_record_that_says_no) {
-    record("T2", ",installed", ",0");
-    holds("my vault.zip");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"other installed", "0", "", "install", "", ""}));
-}
-
-TEST_F(Info_Installed, The_games_own_missions_are_no_other_mission) {
-    record("T2", ",installed", ",0");
-    world.write("games/T2/current_install.txt",
-                "[ZIP LOCATION]\r\nOriginal\r\n[ZIP NAME]\r\n\r\n[ZIP CONTENTS]\r\n");
-    examine(mission);
-    EXPECT_EQ(state(), (QStringList{"not installed", "0", "", "install", "", ""}));
-}
-
-TEST_F(Info_Installed, Kept_saves_are_told_by_every_name_that_they_may_have) {
-    for (const char *name :
-         {"saves_vault_v1_2.zip", "saves_vault.v1.2.zip", "vault_v1_2_saves.zip", "vault.v1.2_saves.zip"}) {
-        world.write(QString("games/T2/allsaves/") + name, QByteArray(2048, 's'));
-        examine(mission, "T2", "vault.v1.2.zip");
-        EXPECT_EQ(details().saves_text, "Saves Zip (2 KB)") << name;
-        (void)program.files.remove_file(game_path("T2") + "\\allsaves\\" + name);
-    }
-    examine_again("T2", "vault.v1.2.zip");
-    EXPECT_EQ(details().saves_text, "");
-}
-
-TEST_F(Info_Installed, Saves_of_thief_3_lie_beside_its_system_folder) {
-    world.set_up_game("T3", "games/T3/System", "zips/T3");
-    world.write("games/T3/allsaves/saves_vault.zip", "12345");
-    examine({{"castle.ibt", "m", {}}}, "T3");
-    EXPECT_EQ(details().saves_text, "Saves Zip (5 Bytes)");
-}
-
-TEST_F(Info_Installed, Saves_of_a_gold_mission_are_found_from_the_list_of_thief_1) {
-    set_up("T1");
-    set_up("TG");
-    world.write("games/TG/allsaves/saves_vault.zip", "12345");
-    examine({a_mission, {"readme.txt", "Game : Thief Gold\n", {}}}, "T1");
-    EXPECT_EQ(details().saves_text, "Saves Zip (5 Bytes)");
 }

@@ -93,6 +93,16 @@ TEST_F(Info_Zip, The_first_folder_that_holds_the_zip_is_taken) {
     EXPECT_EQ(details().name, "The Vault");
 }
 
+TEST_F(Info_Zip, Folders_that_hold_a_mix_of_games_are_searched_last) {
+    world.zip("zips/mix/vault.zip", {a_mission, text_readme});
+    program.ini.TOTHER_LOCATION = world.windows("zips/mix") + "*#*";
+    examine_again();
+    EXPECT_EQ(program.CURRENT_LOCATION, world.windows("zips/mix"));
+    EXPECT_EQ(details().name, "The Vault");
+    examine({a_mission});
+    EXPECT_EQ(program.CURRENT_LOCATION, world.windows("zips/T2"));
+}
+
 TEST_F(Info_Zip, Texts_without_conversion_are_shown_as_they_are) {
     program.tweaks.VIEW_TXT_AS_VKML = false;
     examine({a_mission, text_readme});

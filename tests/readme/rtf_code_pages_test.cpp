@@ -1,5 +1,4 @@
 #include "readme/Code_Pages.h"
-#include "support/Print.h"
 
 #include <gtest/gtest.h>
 
@@ -36,6 +35,24 @@ TEST(Code_Pages, Words_in_their_own_page_are_read) {
         {437, "\x81\xE1\xC9\xCD\xBB", u"\u00FC\u00DF\u2554\u2550\u2557"_qs},
         {850, "\x81\xE1\xD0\xB5", u"\u00FC\u00DF\u00F0\u00C1"_qs},
         {10000, "caf\x8E \xD2\xD3 \xA5", u"caf\u00E9 \u201C\u201D \u2022"_qs},
+        {932, "\x83V\x81[\x83t \x93\x90\x91\xAF\xB1 \x95\x5C",
+         u"\u30B7\u30FC\u30D5 \u76D7\u8CCA\uFF71 \u8868"_qs},
+        {936, "\xB5\xC1\xD4\xF4 \x80 \x81\x40", u"\u76D7\u8D3C \u20AC \u4E02"_qs},
+        {949, "\xB5\xB5\xB5\xCF \x8C\x63", u"\uB3C4\uB451 \uB620"_qs},
+        {950, "\xAE\x61\xB5\x73 \xA5\x5C", u"\u5BB6\u76DC \u529F"_qs},
+        {54936, "\xB5\xC1\x81\x30\x81\x30", u"\u76D7\u0080"_qs},
+        {874, "\xE2\xA8\xC3", u"\u0E42\u0E08\u0E23"_qs},
+        {1255, "\xE2\xF0\xE1", u"\u05D2\u05E0\u05D1"_qs},
+        {1256, "\xE1\xD5", u"\u0644\u0635"_qs},
+        {1257, "vag\xE1tis \xE8", u"vag\u012Ftis \u010D"_qs},
+        {1258, "\xF0\x80", u"\u0111\u20AC"_qs},
+        {852, "\x9F\xD8\xE7", u"\u010D\u011B\u0161"_qs},
+        {866, "\x82\xAE\xE0", u"\u0412\u043E\u0440"_qs},
+        {20866, "\xF7\xCF\xD2", u"\u0412\u043E\u0440"_qs},
+        {28592, "\xE8\xEC\xB9", u"\u010D\u011B\u0161"_qs},
+        {10007, "\x82\xEE\xF0", u"\u0412\u043E\u0440"_qs},
+        {10029, "\x8B\x9E\xE4", u"\u010D\u011B\u0161"_qs},
+        {932, "a\x83", "a"},
         {65001, "\xC4\x8D\xF0\x9F\x98\x80", u"\u010D\U0001F600"_qs},
         {65001, "a\xFFz", u"a\uFFFDz"_qs},
     };
@@ -44,10 +61,11 @@ TEST(Code_Pages, Words_in_their_own_page_are_read) {
 }
 
 TEST(Code_Pages, The_lower_half_is_the_same_in_all) {
-    QByteArray lower;
-    for (int byte = 0; byte < 0x80; ++byte)
+    QByteArray lower("\t\r\n");
+    for (int byte = 0x20; byte < 0x7F; ++byte)
         lower += static_cast<char>(byte);
-    for (const int page : {1250, 1251, 1252, 1253, 1254, 437, 850, 10000, 65001})
+    for (const int page : {1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257,  1258,  437,  850,
+                           852,  866,  874,  932,  936,  949,  950,  10000, 10007, 65001})
         EXPECT_EQ(Text_of_code_page(lower, page), QString::fromLatin1(lower)) << page;
 }
 
@@ -61,7 +79,7 @@ TEST(Code_Pages, No_character_stands_twice_in_a_page) {
 }
 
 TEST(Code_Pages, An_unknown_page_reads_as_western) {
-    for (const int page : {0, -1, 932, 1255, 99999})
+    for (const int page : {0, -1, 1361, 1200, 99999})
         EXPECT_EQ(Text_of_code_page(Upper_bytes(), page), Text_of_code_page(Upper_bytes(), 1252)) << page;
 }
 

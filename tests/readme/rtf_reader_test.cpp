@@ -1,5 +1,4 @@
 #include "readme/Rtf_Reader.h"
-#include "support/Print.h"
 
 #include <gtest/gtest.h>
 
@@ -251,7 +250,15 @@ TEST(Rtf_Code_Page, The_document_names_one) {
         {"{\\rtf1\\ansi\\ansicpg1254 \\'f0}", u"\u011F"_qs},
         {"{\\rtf1\\ansi\\ansicpg0 \\'e8}", u"\u00E8"_qs},
         {"{\\rtf1\\ansi\\ansicpg-5 \\'e8}", u"\u00E8"_qs},
-        {"{\\rtf1\\ansi\\ansicpg932 \\'e8}", u"\u00E8"_qs},
+        {"{\\rtf1\\ansi\\ansicpg932 \\'93\\'90\\'91\\'af}", u"\u76D7\u8CCA"_qs},
+        {"{\\rtf1\\ansi\\ansicpg932 \\'83V\\'81[\\'83t}", u"\u30B7\u30FC\u30D5"_qs},
+        {"{\\rtf1\\ansi\\ansicpg932 \\'95\\\\ \\'95\\'5c}", u"\u8868 \u8868"_qs},
+        {"{\\rtf1\\ansi\\ansicpg932 \\'83\\{\\'83\\}}", u"\u30DC\u30DE"_qs},
+        {"{\\rtf1\\ansi\\ansicpg932 \\'93\r\n\\'90}", u"\u76D7"_qs},
+        {"{\\rtf1\\ansi\\ansicpg936 \\'b5\\'c1\\'d4\\'f4}", u"\u76D7\u8D3C"_qs},
+        {"{\\rtf1\\ansi\\ansicpg949 \\'b5\\'b5\\'b5\\'cf}", u"\uB3C4\uB451"_qs},
+        {"{\\rtf1\\ansi\\ansicpg950 \\'ae\\'61\\'b5\\'73}", u"\u5BB6\u76DC"_qs},
+        {"{\\rtf1\\ansi\\ansicpg1361 \\'e8}", u"\u00E8"_qs},
         {"{\\rtf1\\ansi\\ansicpg65001 \\'c4\\'8d}", u"\u010D"_qs},
         {"{\\rtf1\\ansi\\ansicpg65001 \xC4\x8D}", u"\u010D"_qs},
         {"{\\rtf1\\mac \\'8e}", u"\u00E9"_qs},
@@ -269,7 +276,10 @@ TEST(Rtf_Code_Page, A_font_has_its_own) {
                              "{\\f2\\fcharset204 Arial Cyr;}{\\f3\\fcharset161 G;}{\\f4\\fcharset162 T;}"
                              "{\\f5\\fcharset1 D;}{\\f6\\fcharset2 Symbol;}{\\f7\\fcharset0\\cpg1250 Z;}"
                              "{\\f8\\fcharset77 M;}{\\f9\\fcharset254 P;}{\\f10\\fcharset255 O;}"
-                             "{\\f11\\fcharset134 S;}{\\f12 N;}}";
+                             "{\\f11\\fcharset134 S;}{\\f12 N;}{\\f13\\fcharset128 J;}"
+                             "{\\f14\\fcharset129 K;}{\\f15\\fcharset136 B;}{\\f16\\fcharset177 H;}"
+                             "{\\f17\\fcharset178 A;}{\\f18\\fcharset186 L;}{\\f19\\fcharset163 V;}"
+                             "{\\f20\\fcharset222 T;}{\\f21\\fcharset88 E;}}";
     const std::vector<Row> rows{
         {"\\'e8", u"\u00E8"_qs},
         {"\\f0\\'e8", u"\u00E8"_qs},
@@ -283,7 +293,18 @@ TEST(Rtf_Code_Page, A_font_has_its_own) {
         {"\\f8\\'8e", u"\u00E9"_qs},
         {"\\f9\\'e1", u"\u00DF"_qs},
         {"\\f10\\'d0", u"\u00F0"_qs},
-        {"\\f11\\'e8", u"\u00E8"_qs},
+        {"\\f11\\'b5\\'c1", u"\u76D7"_qs},
+        {"\\f13\\'93\\'90", u"\u76D7"_qs},
+        {"\\f14\\'b5\\'b5", u"\uB3C4"_qs},
+        {"\\f15\\'b5\\'73", u"\u76DC"_qs},
+        {"\\f16\\'e2", u"\u05D2"_qs},
+        {"\\f17\\'e1", u"\u0644"_qs},
+        {"\\f18\\'e8", u"\u010D"_qs},
+        {"\\f19\\'f0", u"\u0111"_qs},
+        {"\\f20\\'e2", u"\u0E42"_qs},
+        {"\\f21\\'8b", u"\u010D"_qs},
+        {"{\\f13\\'93}\\'90", ""},
+        {"\\f13\\uc2\\u30423\\'93\\'90x", u"\u76D7x"_qs},
         {"\\f12\\'e8", u"\u00E8"_qs},
         {"\\f99\\'e8", u"\u00E8"_qs},
         {"{\\f1\\'e8}\\'e8", u"\u010D\u00E8"_qs},

@@ -1,5 +1,4 @@
 #include "readme/Rtf_Reader.h"
-#include "support/Print.h"
 
 #include <QDir>
 #include <QFile>

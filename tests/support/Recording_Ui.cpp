@@ -43,6 +43,8 @@ void Recording_Ui::set_status_light(int index, const QString &) {
 void Recording_Ui::navigate(Browser browser, const QString &page) {
     if (browser == Browser::readme)
         pages << page;
+    if (browser == Browser::third)
+        third_pages << page;
 }
 
 void Recording_Ui::pump_events() {

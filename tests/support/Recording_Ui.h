@@ -19,8 +19,9 @@ public:
     std::vector<Input_Request> asked; ///< every input dialog
     QStringList panel_1, panel_2;     ///< every text of the two panels, in order
     std::vector<int> lights;
-    QStringList pages; ///< everything the readme browser was sent to
-    QStringList notes; ///< files shown in the notes window
+    QStringList pages;       ///< everything the readme browser was sent to
+    QStringList third_pages; ///< the same of the browser behind the further tabs
+    QStringList notes;       ///< files shown in the notes window
     QString caption;
     QStringList trace;
     std::function<void()> on_pump; ///< run at every pump_events, for what a user does meanwhile

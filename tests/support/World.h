@@ -2,7 +2,6 @@
 
 #include "core/Program.h"
 #include "support/Fake_Clock.h"
-#include "support/Print.h"
 #include "support/Recording_Ui.h"
 #include "support/Zip_Maker.h"
 

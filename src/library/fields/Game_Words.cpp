@@ -6,6 +6,8 @@ namespace vantrosk {
 
 namespace {
 
+constexpr QLatin1String custom_mark("CUSTOM - ");
+
 struct Game_Word {
     const char16_t *word;
     const char *code;
@@ -46,8 +48,11 @@ QString First_word_code(const QString &text, const std::array<Game_Word, Count> 
 
 } // namespace
 
+QString Custom_game_text(const QString &name) {
+    return custom_mark + name;
+}
+
 QString Map_game_words(const QString &text) {
-    constexpr QLatin1String custom_mark("CUSTOM - ");
     if (text.startsWith(custom_mark))
         return text.mid(custom_mark.size()).trimmed();
     const QString upper = text.toUpper();

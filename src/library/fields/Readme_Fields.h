@@ -20,6 +20,8 @@ bool Label_present(const QString &line, const QString &pattern);
 
 /// A game code for what a readme calls the game: "Thief II: The Metal Age" is "T2". "CUSTOM - name" is name.
 QString Map_game_words(const QString &text);
+/// What the details panel calls a custom game: "CUSTOM - name".
+QString Custom_game_text(const QString &name);
 
 /// Trimmed, no tabs, no leading ":"; with `the_swap`, "The X" is "X, The " and "A X" is "X, A ".
 QString Tidy_name(const QString &text, bool the_swap);
