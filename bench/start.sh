@@ -14,6 +14,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 home=$work/home
 mkdir "$home"
+export XDG_CONFIG_HOME=$work/config # the user's own store stays as it is
 
 # cpu_ms WHOSE COMMAND...: milliseconds of processor time, the median of the runs: of `all` processes that it started
 # and waited for, or of its `own`, which is read between its end and the moment it is forgotten, in steps of 10 ms.
@@ -51,7 +52,7 @@ if command -v sqlite3 >/dev/null 2>&1; then
     row "sqlite3 shell, a count of the same database" "$(cpu_ms all sqlite3 "$home/Vantrosk.mdb" 'select count(*) from table_messages')"
 fi
 
-if [ -x "$bin/vantrosk" ] && "$bin/vantrosk" --help 2>&1 | grep -q -- --quit-when-shown; then
+if [ -x "$bin/vantrosk" ] && QT_QPA_PLATFORM=offscreen "$bin/vantrosk" --help 2>&1 | grep -c -- --quit-when-shown >/dev/null; then
     [ "$(id -u)" -ne 0 ] || export QTWEBENGINE_DISABLE_SANDBOX=1
     row "vantrosk until its window is shown" \
         "$(scripts/on_virtual_display.sh --size 1280x800 bash -c "$(declare -f cpu_ms); runs=$runs; cpu_ms own $bin/vantrosk --home $home --quit-when-shown")"
