@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/Linux_Platform.h"
+#include "support/Print.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -18,13 +19,7 @@
 #include <stdexcept>
 #include <string>
 
-/// Google Test prints these in its own readable way.
-inline void PrintTo(const QString &text, std::ostream *out) {
-    *out << '"' << text.toStdString() << '"';
-}
-inline void PrintTo(const QByteArray &bytes, std::ostream *out) {
-    *out << '"' << bytes.toStdString() << '"';
-}
+/// A list on one line; the texts in it are known to tests/support/Print.h.
 inline void PrintTo(const QStringList &texts, std::ostream *out) {
     *out << "[" << texts.join(QStringLiteral(" | ")).toStdString() << "]";
 }
