@@ -9,6 +9,7 @@
 #include "install/Recover_Log.h"
 #include "install/T3_Ini.h"
 #include "install/undo/Undo_List.h"
+#include "library/SetUp_Dromed.h"
 
 namespace vantrosk {
 
@@ -244,6 +245,8 @@ bool Install_Command(Program &program) {
         (void)WriteOriginalMarker(program, program.CURRENT_GAME_PATH);
     if (end != Install_End::refused)
         Show_outcome(program, end, originals);
+    if (end == Install_End::done)
+        SetUp_Dromed(program);
     Hide_Progress(program);
     if (end != Install_End::done)
         return false;

@@ -75,6 +75,15 @@ TEST(Install_Command, Marks_the_row_the_record_and_the_title) {
                                               "'Original Missions' currently installed ");
 }
 
+TEST(Install_Command, The_editor_that_a_mission_needs_is_looked_for_again) {
+    Install_World world;
+    world.mission("m.zip", {{"a.mis", "x"}, {"b.str", "y"}});
+    world.game_has("DromEd.exe", "the editor");
+    EXPECT_FALSE(world.program().screen.editor.enabled);
+    ASSERT_TRUE(world.install("m.zip"));
+    EXPECT_TRUE(world.program().screen.editor.enabled);
+}
+
 TEST(Install_Command, Thief2_and_shock_remember_the_mission_for_players_elsewhere) {
     for (const char *game : {"T2", "SS2", "T1"}) {
         Install_World world(game);
