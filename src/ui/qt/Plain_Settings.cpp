@@ -85,6 +85,9 @@ Plain_Settings::Plain_Settings(Program &program, Qt_Ui &ui, QWidget *parent)
     games_->header()->setStretchLastSection(true);
     for (int i = game_column; i <= state_column; ++i)
         games_->resizeColumnToContents(i);
+    // Room for the longest state, whatever the states are now.
+    games_->setColumnWidth(state_column,
+                           games_->fontMetrics().horizontalAdvance(State_text(true, false)) + 3 * gap);
     games_->setColumnWidth(
         game_folder_column,
         (window_width - games_->columnWidth(game_column) - games_->columnWidth(state_column)) / 2);

@@ -252,6 +252,8 @@ void Trace_Console_Window::Hold(const QString &prompt) {
         return;
     const QString outer_prompt = is_holding() ? pause_prompt_->text() : QString();
     Show_pause(prompt);
+    raise();
+    activateWindow();
     findChild<QPushButton *>(QStringLiteral("console_continue"))->setFocus();
     QEventLoop loop;
     held_ << &loop;

@@ -14,6 +14,8 @@ namespace vantrosk {
 Window_Session::Window_Session(Program &program, Qt_Ui &ui, const QSize &wanted_size)
     : program_(program), ui_(ui), wanted_size_(wanted_size) {
     ui_.Set_files(program.files);
+    // What comes before the settings are read, a box or the trace console, shows in the default scheme.
+    Apply_theme(Make_Theme(program.tweaks));
     ui_.on_trace_turned = [this](bool on) {
         Show_console(on);
     };
@@ -80,6 +82,7 @@ void Window_Session::Show_console(bool on) {
         console_ = new Trace_Console_Window(program_, ui_);
     console_->show();
     console_->raise();
+    console_->activateWindow();
 }
 
 void Window_Session::Ask_full_or_lite() {

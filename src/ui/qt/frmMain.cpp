@@ -61,11 +61,14 @@ QSize Screen_room() {
 } // namespace
 
 void Apply_theme(const Theme &theme) {
+    const QString sheet = Theme_style_sheet(theme);
+    if (qApp->styleSheet() == sheet)
+        return; // every widget would be polished anew
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(theme.text);
     QApplication::setPalette(Theme_palette(theme));
     QApplication::setWindowIcon(Program_icon());
-    qApp->setStyleSheet(Theme_style_sheet(theme));
+    qApp->setStyleSheet(sheet);
 }
 
 frmMain::frmMain(Program &program, Qt_Ui &ui)
