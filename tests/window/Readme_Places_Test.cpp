@@ -55,8 +55,8 @@ protected:
     }
 };
 
-const Readme_Tab form{"Competition", "FM Feedback Form"}, review{"Quillmarch", "Quillmarch Review"},
-    options{"MP_OPTIONS", "Multi-Player Options"};
+const Readme_Tab form{"Competition", "FM Feedback Form", {}}, review{"Quillmarch", "Quillmarch Review", {}},
+    options{"MP_OPTIONS", "Multi-Player Options", {}};
 
 } // namespace
 
@@ -67,7 +67,7 @@ TEST_F(Readme_Places, Tabs_follow_the_screen_in_its_order) {
     Want_tabs({form, review, options});
     EXPECT_EQ(Captions(),
               (QStringList{"Readme", "FM Feedback Form", "Quillmarch Review", "Multi-Player Options"}));
-    Want_tabs({{"Competition", "Competition Form"}});
+    Want_tabs({{"Competition", "Competition Form", {}}});
     EXPECT_EQ(Captions(), (QStringList{"Readme", "Competition Form"}));
     Want_tabs({});
     EXPECT_EQ(Captions(), QStringList{"Readme"});
