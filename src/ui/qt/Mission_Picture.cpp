@@ -1,5 +1,6 @@
 #include "Mission_Picture.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QLinearGradient>
@@ -16,6 +17,16 @@ constexpr int frame_time = 150; ///< milliseconds
 constexpr qint64 largest_file = 32 * 1024 * 1024;
 constexpr int widest = 8192;
 constexpr QRgb night_top = 0xff161b2c, night_middle = 0xff24305c, night_bottom = 0xff5e4a33;
+
+/// What tells one picture from the next under the same name: INFO holds that of the selected mission only.
+QString Mark_of(const QString &path, bool moving) {
+    const QFileInfo file(path);
+    return QStringLiteral("%1|%2|%3|%4")
+        .arg(path)
+        .arg(file.size())
+        .arg(file.metadataChangeTime().toMSecsSinceEpoch())
+        .arg(moving);
+}
 
 /// The picture at no more than twice the size it is shown at: enough for dense screens, little in memory.
 QPixmap Read_picture(const QString &path) {
@@ -54,24 +65,43 @@ void Mission_Picture::Stop() {
     frames_.clear();
     movie_.reset();
     picture_ = {};
+    shown_.clear();
+}
+
+/// Frame by frame, each for as long as the file says.
+void Mission_Picture::Play(const QString &path) {
+    movie_ = std::make_unique<QMovie>(path);
+    movie_->setScaledSize(picture_.size());
+    connect(movie_.get(), &QMovie::frameChanged, this, [this] {
+        // A file that is cut off stays at its last whole frame.
+        if (const QPixmap frame = movie_->currentPixmap(); !frame.isNull())
+            picture_ = frame;
+        update();
+    });
+    movie_->start();
 }
 
 void Mission_Picture::Show_picture(const QString &path, bool moving) {
+    const QString mark = path.isEmpty() ? QString() : Mark_of(path, moving);
+    // The panel is filled anew at every change of it; a picture that plays is not to begin again each time.
+    if (!mark.isEmpty() && mark == shown_)
+        return;
     Stop();
     picture_ = Read_picture(path);
-    if (moving && has_picture() && path.endsWith(QLatin1String(".gif"), Qt::CaseInsensitive)) {
-        movie_ = std::make_unique<QMovie>(path);
-        connect(movie_.get(), &QMovie::frameChanged, this, [this] {
-            picture_ = movie_->currentPixmap();
-            update();
-        });
-        movie_->start();
-    }
+    shown_ = mark;
+    if (moving && has_picture() && path.endsWith(QLatin1String(".gif"), Qt::CaseInsensitive))
+        Play(path);
     update();
 }
 
 void Mission_Picture::Show_frames(const QStringList &paths) {
+    QString mark;
+    for (const QString &path : paths)
+        mark += Mark_of(path, true) + QLatin1Char('\n');
+    if (!mark.isEmpty() && mark == shown_)
+        return;
     Stop();
+    shown_ = mark;
     for (const QString &path : paths)
         if (const QPixmap frame = Read_picture(path); !frame.isNull())
             frames_.push_back(frame);

@@ -26,15 +26,20 @@ public:
     void Show_picture(const QString &path, bool moving);
     void Show_frames(const QStringList &paths);
     bool has_picture() const { return !picture_.isNull(); }
+    bool is_moving() const { return movie_ != nullptr || frame_timer_.isActive(); }
+    /// What is shown at this moment.
+    const QPixmap &picture() const { return picture_; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void Stop();
+    void Play(const QString &path);
 
     Theme theme_;
     QPixmap picture_;
+    QString shown_; ///< mark of the file or files that are shown
     std::vector<QPixmap> frames_;
     size_t frame_ = 0;
     QTimer frame_timer_;
