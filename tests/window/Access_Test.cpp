@@ -18,6 +18,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QShortcut>
 #include <QTabBar>
 
 #include <gtest/gtest.h>
@@ -123,6 +124,36 @@ TEST(Access, No_two_entries_share_a_shortcut) {
                 << keys.toStdString() << ": " << owners[keys].toStdString() << ", "
                 << button->text().toStdString();
         }
+    for (const QShortcut *shortcut : world.window().findChildren<QShortcut *>())
+        if (shortcut->context() == Qt::WindowShortcut) {
+            const QString keys = shortcut->key().toString();
+            EXPECT_TRUE(owners.emplace(keys, shortcut->parent()->objectName()).second)
+                << keys.toStdString() << ": " << owners[keys].toStdString() << ", "
+                << shortcut->parent()->objectName().toStdString();
+        }
+}
+
+TEST(Access, Without_a_game_an_entry_that_needs_one_is_off_and_says_why) {
+    Window_World world;
+    frmMain &window = world.Open();
+    ASSERT_TRUE(window.shows_empty_state());
+    QStringList usable;
+    for (const QAction *top : window.menuBar()->actions())
+        for (const QAction *action : top->menu()->actions()) {
+            if (action->isSeparator() || !action->isVisible())
+                continue;
+            if (action->isEnabled())
+                usable << QString(action->text()).remove(u'&');
+            else
+                EXPECT_TRUE(action->toolTip().contains(": ")) << action->text().toStdString();
+        }
+    EXPECT_EQ(usable.join(u'|'),
+              "Set up a game…|Settings…|Exit|" + world.program().screen.menu.mode + "|About Vantrosk");
+    world.Set_up_game("T2");
+    for (const char *name : {"action_Find", "action_Taller_list", "action_Go_to_the_list"}) {
+        EXPECT_TRUE(window.findChild<QAction *>(name)->isEnabled()) << name;
+        EXPECT_FALSE(window.findChild<QAction *>(name)->toolTip().contains("no game is set up")) << name;
+    }
 }
 
 TEST(Access, Letters_are_unique_within_a_menu_and_every_entry_of_ours_has_one) {

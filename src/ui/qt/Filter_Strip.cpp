@@ -19,7 +19,7 @@ Filter_Strip::Filter_Strip(const Program &program, QWidget *parent)
     all_->setObjectName(QStringLiteral("filter_show_all"));
     all_->setProperty("kind", QStringLiteral("small"));
     all_->setAccessibleName(QStringLiteral("Show all"));
-    all_->setToolTip(QStringLiteral("Lists all missions of this game again (Ctrl+0)"));
+    all_->setToolTip(QStringLiteral("Lists all missions of this game again (Ctrl+Shift+A)"));
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(8, 3, 8, 3);
     row->setSpacing(8);

@@ -1,4 +1,5 @@
 #include "Details_Panel_View.h"
+#include "Details_Tabs.h"
 #include "Fm_List_Panel.h"
 #include "Game_Toolbar.h"
 #include "Readme_Panel.h"
@@ -12,12 +13,23 @@
 
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace vantrosk {
 
 namespace {
 
 constexpr int splitter_step = 50;
+constexpr const char *no_game = "no game is set up yet (Ctrl+G)";
+
+/// An entry that can not be used says why.
+void Allow(QAction *action, bool allowed, const QString &why_not) {
+    if (!action->property("tip").isValid())
+        action->setProperty("tip", action->toolTip());
+    const QString tip = action->property("tip").toString();
+    action->setEnabled(allowed);
+    action->setToolTip(allowed ? tip : tip + QStringLiteral(": ") + why_not);
+}
 
 } // namespace
 
@@ -43,6 +55,35 @@ void frmMain::Make_menus() {
     Make_games_menu();
     Make_filter_menus(view_menu_, games_menu_);
     Make_help_menu();
+    for (QMenu *menu : menuBar()->findChildren<QMenu *>())
+        menu->setToolTipsVisible(true);
+}
+
+/// What can be used now; the rest is there all the same and tells what it wants first.
+void frmMain::Refresh_menus() {
+    const bool free = !told_busy_ && !commands->is_working();
+    Allow(play_action_, free && details->play()->isEnabled(),
+          QStringLiteral("an installed mission has to be selected"));
+    Allow(install_action_, free && details->install()->isEnabled(),
+          QStringLiteral("a mission that is not installed has to be selected"));
+    Allow(reset_action_, free && details->reset()->isEnabled(),
+          QStringLiteral("a mission has to be selected"));
+    Allow(scan_action_, free && !program_.SELECTED_GAME_TAB.isEmpty(),
+          QStringLiteral("a game has to be chosen"));
+    for (QAction *action : games_menu_->actions())
+        if (!action->data().isNull())
+            Allow(action, Game_is_set_up(program_, action->data().toString()),
+                  QStringLiteral("its folders are not named yet (Ctrl+G)"));
+        else if (action->menu())
+            Allow(action, !shows_empty_state(), QLatin1String(no_game));
+    for (QAction *action : view_menu_->actions())
+        if (!action->isSeparator() && action != mode_action_ && action != trace_action_)
+            Allow(action, !shows_empty_state(), QLatin1String(no_game));
+    if (shows_empty_state())
+        return;
+    Allow(sort_menu_->menuAction(), !program_.screen.list.rows.empty(), QStringLiteral("the list is empty"));
+    Allow(opinions_action_, details_tabs->is_offered(QStringLiteral("Finish_Score_Review")),
+          QStringLiteral("lite mode leaves them out"));
 }
 
 void frmMain::Make_file_menu() {

@@ -94,12 +94,12 @@ void frmMain::Make_filter_menus(QMenu *view_menu, QMenu *games_menu) {
         QStringLiteral("Narrows the list by rating, by what was played, by category"));
     connect(here, &QMenu::aboutToShow, this,
             [this, here] { Fill_filter_menu(here, program_.SELECTED_GAME_TAB); });
-    Add_action(view_menu, QStringLiteral("Show &all"), QStringLiteral("Ctrl+0"),
+    Add_action(view_menu, QStringLiteral("Show &all"), QStringLiteral("Ctrl+Shift+A"),
                QStringLiteral("Lists all missions of this game again"),
                [this] { commands->Choose_filter(program_.SELECTED_GAME_TAB, 0); });
-    Add_action(view_menu, QStringLiteral("S&core and review"), QStringLiteral("F8"),
-               QStringLiteral("The keys go to score, review and keywords of the mission"),
-               [this] { Show_opinions(); });
+    opinions_action_ = Add_action(view_menu, QStringLiteral("S&core and review"), QStringLiteral("F8"),
+                                  QStringLiteral("The keys go to score, review and keywords of the mission"),
+                                  [this] { Show_opinions(); });
     auto *all = games_menu->addMenu(QStringLiteral("Show &only"));
     all->setObjectName(QStringLiteral("games_filter_menu"));
     all->menuAction()->setToolTip(QStringLiteral("Lists some missions of a game"));

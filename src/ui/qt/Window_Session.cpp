@@ -7,6 +7,7 @@
 #include "frmMain.h"
 
 #include "core/Program.h"
+#include "core/mdlFormDisplayFunctions.h"
 #include "core/mdlStartup.h"
 
 namespace vantrosk {
@@ -49,6 +50,9 @@ bool Window_Session::Start(const QString &switches) {
     if (!Start_Process(program_, load) || !window_)
         return false;
     Initialise_Stage(program_);
+    // What the start did last, a column that was added, says nothing to who uses it now.
+    if (program_.screen.status_light == 1)
+        Set_Status_Panel(program_, 1, QStringLiteral("Ready"));
     return !program_.start.end_requested;
 }
 

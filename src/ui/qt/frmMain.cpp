@@ -331,9 +331,6 @@ void frmMain::Refresh_games() {
     if (!games_menu_)
         return;
     Refresh_mode();
-    for (QAction *action : games_menu_->actions())
-        if (!action->data().isNull())
-            action->setEnabled(Game_is_set_up(program_, action->data().toString()));
     Refresh_access();
 }
 
@@ -349,7 +346,7 @@ void frmMain::Refresh_list() {
         action->setText(heading.startsWith(u'>') || heading.startsWith(u'<') ? heading.mid(2) : heading);
         action->setVisible(!heading.isEmpty());
     }
-    sort_menu_->setEnabled(!program_.screen.list.rows.empty());
+    Refresh_access();
 }
 
 void frmMain::Refresh_details() {
@@ -380,10 +377,7 @@ void frmMain::Refresh_access() {
         if (focus_before_work_ && focus_before_work_->isEnabled())
             focus_before_work_->setFocus(Qt::OtherFocusReason);
     }
-    play_action_->setEnabled(free && details->play()->isEnabled());
-    install_action_->setEnabled(free && details->install()->isEnabled());
-    reset_action_->setEnabled(free && details->reset()->isEnabled());
-    scan_action_->setEnabled(free && !program_.SELECTED_GAME_TAB.isEmpty());
+    Refresh_menus();
     if (free)
         Close_if_asked();
     if (freed && close_wanted_)
@@ -466,6 +460,7 @@ void frmMain::Position_panels() {
     for (int tab = 1; tab < details_tabs->bar()->count(); ++tab)
         details_tabs->bar()->setTabVisible(tab, full);
     list->Apply_tweaks();
+    Refresh_access();
 }
 
 void frmMain::Refresh_mode() {

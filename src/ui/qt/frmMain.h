@@ -97,6 +97,7 @@ private:
     void Show_row_menu(const QPoint &at_global);
     void Fill_row_menu(QMenu *menu);
     void Refresh_access();
+    void Refresh_menus();
     void Refresh_mode();
     void Find_here();
     void Move_splitter(int by);
@@ -116,6 +117,7 @@ private:
     QMenu *view_menu_ = nullptr, *games_menu_ = nullptr, *sort_menu_ = nullptr;
     QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
     QAction *reset_action_ = nullptr, *mode_action_ = nullptr, *trace_action_ = nullptr;
+    QAction *opinions_action_ = nullptr;
     QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_, presence_timer_;
     QPointer<QWidget> focus_before_work_;
     bool told_busy_ = false;
