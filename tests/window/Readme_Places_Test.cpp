@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTabBar>
+#include <QTcpSocket>
 #include <QToolButton>
 
 namespace vantrosk {
@@ -112,7 +113,64 @@ TEST_F(Readme_Places, Review_and_form_share_the_third_browser) {
     }
     EXPECT_FALSE(Panel().shows_a_page()) << "the readme is another one";
     world.ui.navigate(Browser::third, "about:blank");
-    EXPECT_FALSE(Panel().third()->isVisible());
+    EXPECT_FALSE(Panel().third()->isVisible()) << "a tab without a page shows its sentence";
+}
+
+TEST_F(Readme_Places, Each_tab_in_front_has_its_own_page_in_the_third_browser) {
+    world.files.write("home/temp/form.htm", "<title>form</title>");
+    world.files.write("home/temp/review.htm", "<title>review</title>");
+    Want_tabs({{"Competition", "Competition Form", world.files.windows("home/temp/form.htm")},
+               {"Quillmarch", "Quillmarch Review", world.files.windows("home/temp/review.htm")}});
+    const auto shows = [this](const QString &title) {
+        return Window_World::Wait_until(
+            [&] { return Panel().third() && Panel().third()->view()->title() == title; });
+    };
+    Tabs()->setCurrentIndex(2);
+    EXPECT_TRUE(shows("review"));
+    Tabs()->setCurrentIndex(1);
+    EXPECT_TRUE(shows("form"));
+    EXPECT_TRUE(Panel().third()->isVisible());
+}
+
+TEST_F(Readme_Places, A_configured_page_of_the_world_loads_from_its_own_site_only_and_runs_no_script) {
+    Listener other;
+    QTcpServer site;
+    ASSERT_TRUE(site.listen(QHostAddress::LocalHost));
+    QStringList asked;
+    QObject::connect(&site, &QTcpServer::newConnection, &site, [&] {
+        QTcpSocket *visitor = site.nextPendingConnection();
+        QObject::connect(visitor, &QTcpSocket::readyRead, visitor, [&, visitor] {
+            asked << QString::fromLatin1(visitor->readAll()).section(' ', 1, 1);
+            const QByteArray page = "<title>news</title><body>the news<img src='/own.png'><img src='" +
+                                    other.address() + "x.png'><script>document.title='RAN'</script>";
+            visitor->write(
+                "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\nContent-Length: " +
+                QByteArray::number(page.size()) + "\r\n\r\n" + page);
+            visitor->disconnectFromHost();
+        });
+    });
+    const QUrl address(QString("http://127.0.0.1:%1/news.pl").arg(site.serverPort()));
+    QSignalSpy shown(&Panel(), &Readme_Panel::Page_shown);
+    Panel().Show_address(address);
+    ASSERT_TRUE(Window_World::Wait_until([&] { return !shown.isEmpty(); }));
+    EXPECT_TRUE(Text().contains("the news"));
+    EXPECT_EQ(Panel().view()->title(), "news");
+    EXPECT_TRUE(asked.contains("/own.png"));
+    EXPECT_EQ(other.visits, 0);
+    asked.clear();
+    ASSERT_TRUE(Show("<body><img src='" + address.toEncoded() + "'>a readme</body>"));
+    EXPECT_TRUE(Text().contains("a readme"));
+    EXPECT_EQ(asked, QStringList()) << "a readme does not inherit the site";
+}
+
+TEST_F(Readme_Places, A_page_of_the_world_that_is_not_there_says_so) {
+    QTcpServer closed;
+    ASSERT_TRUE(closed.listen(QHostAddress::LocalHost));
+    const QUrl address(QString("http://127.0.0.1:%1/").arg(closed.serverPort()));
+    closed.close();
+    Panel().Show_address(address);
+    EXPECT_TRUE(Window_World::Wait_until([&] { return Empty_sentence().endsWith("can not be reached."); }));
+    EXPECT_FALSE(Panel().shows_a_page());
 }
 
 TEST_F(Readme_Places, Whoever_owns_a_tab_fills_its_place) {

@@ -167,8 +167,13 @@ QWidget *Readme_Panel::Place_of(const QString &key) {
     return sentence;
 }
 
+/// Review and form have one browser, which shows the page of the tab in front.
 void Readme_Panel::Show_tab(int index) {
-    places_->setCurrentWidget(index > 0 ? Place_of(tabs_->tabData(index).toString()) : home_);
+    const QString key = index > 0 ? tabs_->tabData(index).toString() : QString();
+    for (const Readme_Tab &tab : program_.screen.readme_tabs)
+        if (tab.key == key && !tab.page.isEmpty() && tab.page != third_page_)
+            Load_third(tab.page);
+    places_->setCurrentWidget(index > 0 ? Place_of(key) : home_);
 }
 
 // Pages.
@@ -185,6 +190,13 @@ void Readme_Panel::Show_detached_page(const QString &page) {
 }
 
 void Readme_Panel::Show_third_page(const QString &page) {
+    Load_third(page);
+    if (tabs_)
+        Show_tab(tabs_->currentIndex());
+}
+
+void Readme_Panel::Load_third(const QString &page) {
+    third_page_ = page;
     if (Is_blank(page) && !third_)
         return;
     if (!third_) {
@@ -197,8 +209,6 @@ void Readme_Panel::Show_third_page(const QString &page) {
         third_->Blank();
     else
         third_->Show_page(page);
-    if (tabs_)
-        Show_tab(tabs_->currentIndex());
 }
 
 void Readme_Panel::Show_address(const QUrl &address) {

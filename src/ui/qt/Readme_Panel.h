@@ -77,6 +77,7 @@ private:
     QWidget *Make_detached_note();
     QWidget *Place_of(const QString &key);
     void Show_tab(int index);
+    void Load_third(const QString &page);
     void Refresh_detach();
 
     Program &program_;
@@ -86,6 +87,7 @@ private:
     std::unique_ptr<Readme_Window> window_;
     QTabBar *tabs_ = nullptr;
     Readme_Browser *third_ = nullptr;
+    QString third_page_; ///< where the third browser was sent last
     std::map<QString, QWidget *> place_of_key_;
 };
 
