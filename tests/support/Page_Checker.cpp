@@ -159,7 +159,8 @@ private:
 } // namespace
 
 QString Wrong_in_page(const QString &html) {
-    return Reader(html).read();
+    // As a browser gets it: half a surrogate pair, which no pattern matches, is written as U+FFFD.
+    return Reader(QString::fromUtf8(html.toUtf8())).read();
 }
 
 QString Seen_text(const QString &html) {
