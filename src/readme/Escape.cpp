@@ -41,7 +41,8 @@ QString Escape_address(const QString &address) {
 
 QString Encode_picture_name(const QString &name) {
     const qsizetype separator = qMax(name.lastIndexOf(QLatin1Char('\\')), name.lastIndexOf(QLatin1Char('/')));
-    QString encoded = name.mid(separator + 1).trimmed();
+    // Half a surrogate pair is written as "?", which would end the name: it becomes one here already.
+    QString encoded = QString::fromUtf8(name.mid(separator + 1).trimmed().toUtf8());
     // An entity would be read before the address is: "&sol;" is a "/" to a browser.
     encoded.replace('%', "%25").replace('&', "%26").replace('\'', "%27").replace('"', "%22");
     encoded.replace('#', "%23")
