@@ -146,5 +146,16 @@ TEST(Settings_Store, Without_a_file_of_its_own_it_is_in_the_users_configuration_
     EXPECT_EQ(world.read("config/vantrosk/vantrosk.conf"), "[a]\nb=c\n");
 }
 
+TEST(Settings_Store, Values_of_one_length_that_are_written_at_once_all_come_back) {
+    Platform_World world;
+    QStringList written, read;
+    for (int i = 100; i < 160; ++i) {
+        written << QString::number(i);
+        world.platform.settings->set_value("a", "b", written.last());
+        read << world.platform.settings->value("a", "b");
+    }
+    EXPECT_EQ(read, written);
+}
+
 } // namespace
 } // namespace vantrosk

@@ -4,7 +4,9 @@
 #include "platform/Native_Text.h"
 #include "platform/Staged_File.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QMap>
 #include <QSettings>
@@ -124,8 +126,12 @@ public:
         QDir().mkpath(folder);
         const File_Handle lock = Lock_folder(folder);
         QMap<QString, Section> sections = read();
+        const QDateTime before = QFileInfo(file_).lastModified();
         sections[Escape_name(section)][Escape_name(key)] = value;
-        return write(File_text(sections));
+        if (const Fault fault = write(File_text(sections)))
+            return fault;
+        tell_apart(before);
+        return {};
     }
 
 private:
@@ -141,6 +147,15 @@ private:
             sections[name.left(qMax<qsizetype>(cut, 0))][name.mid(cut + 1)] = settings.value(name).toString();
         }
         return sections;
+    }
+
+    /// Qt keeps what it has read for as long as size and time of the file stay: two values of one length may
+    /// be written within one tick of the disk's clock.
+    void tell_apart(const QDateTime &before) const {
+        QFile file(file_);
+        if (before == QFileInfo(file_).lastModified() &&
+            file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly))
+            file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
     }
 
     Fault write(const QByteArray &bytes) const {
