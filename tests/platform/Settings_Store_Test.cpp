@@ -151,7 +151,7 @@ TEST(Settings_Store, Values_of_one_length_that_are_written_at_once_all_come_back
     QStringList written, read;
     for (int i = 100; i < 160; ++i) {
         written << QString::number(i);
-        world.platform.settings->set_value("a", "b", written.last());
+        EXPECT_FALSE(world.platform.settings->set_value("a", "b", written.last()));
         read << world.platform.settings->value("a", "b");
     }
     EXPECT_EQ(read, written);
