@@ -22,6 +22,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <set>
 
 namespace vantrosk {
@@ -250,6 +251,11 @@ struct Page_Row {
     Page_Place place;
     const char *shown;
 };
+
+/// A failure names the pages, not where they lie in memory.
+void PrintTo(const Page_Row &row, std::ostream *out) {
+    *out << '"' << row.page << "\" with start page \"" << row.start_page << '"';
+}
 
 class Pages : public ::testing::TestWithParam<Page_Row> {};
 
