@@ -1,4 +1,5 @@
 #include "support/Page_Checker.h"
+#include "support/Places.h"
 #include "support/World.h"
 #include "ui/console/Console_Commands.h"
 
@@ -24,7 +25,7 @@ protected:
     Run render(const QStringList &words, const QString &folder = {}) {
         QProcess program;
         program.setWorkingDirectory(world.native(folder));
-        program.start(VANTROSK_BINARY_DIR "/bin/vantrosk-cli",
+        program.start(Build_folder() + "/bin/vantrosk-cli",
                       QStringList{"--home", world.native("home"), "--json", "render"} + words);
         if (!program.waitForFinished(60000))
             return {-1, {}, "no end"};

@@ -4,6 +4,7 @@
 #include "library/Fm_List_View.h"
 #include "library/Get_archives.h"
 #include "support/Page_Checker.h"
+#include "support/Places.h"
 #include "support/World.h"
 
 #include <QDir>
@@ -16,16 +17,18 @@ namespace vantrosk {
 namespace {
 
 /// Pages that somebody has looked at. With VANTROSK_KEEP_PAGES set a run writes them anew.
-constexpr const char *kept_pages = VANTROSK_SOURCE_DIR "/tests/demo/pages/";
+QString Kept_pages() {
+    return Source_folder() + "/tests/demo/pages/";
+}
 
 QString Kept(const QString &name) {
-    QFile file(kept_pages + name);
+    QFile file(Kept_pages() + name);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
 void Keep(const QString &name, const QString &html) {
-    QDir().mkpath(kept_pages);
-    QFile file(kept_pages + name);
+    QDir().mkpath(Kept_pages());
+    QFile file(Kept_pages() + name);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(html.toUtf8());
 }

@@ -1,4 +1,5 @@
 #include "image/Pictures.h"
+#include "support/Places.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -266,7 +267,7 @@ struct Real_Case {
 };
 
 TEST(Pcx_Decoder, Real_files_are_decoded) {
-    const QString folder = QDir::cleanPath(QStringLiteral(VANTROSK_SOURCE_DIR "/../shared/real/pcx/pillow"));
+    const QString folder = QDir::cleanPath(Source_folder() + "/../shared/real/pcx/pillow");
     if (!QDir(folder).exists())
         GTEST_SKIP() << "there are no real pictures beside the checkout";
     const Real_Case cases[] = {

@@ -2,6 +2,7 @@
 
 #include "core/Games.h"
 #include "core/mdlFile_Functions.h"
+#include "support/Places.h"
 
 #include <QFile>
 
@@ -54,7 +55,7 @@ QByteArray File_bytes(const QStringList &lines, const QStringList &options) {
 class Corpus_Reader {
 public:
     std::vector<Corpus_Zip> read() {
-        QFile file(VANTROSK_SOURCE_DIR "/tests/library/corpus/readmes.txt");
+        QFile file(Source_folder() + "/tests/library/corpus/readmes.txt");
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         for (const QString &line : QString::fromUtf8(file.readAll()).split('\n'))
             take(line);

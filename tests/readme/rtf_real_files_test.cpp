@@ -1,4 +1,5 @@
 #include "readme/Rtf_Reader.h"
+#include "support/Places.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,7 +13,7 @@ namespace vantrosk {
 
 namespace {
 
-const QString real_files = VANTROSK_SOURCE_DIR "/../shared/real/rtf";
+const QString real_files = Source_folder() + "/../shared/real/rtf";
 
 QByteArray Content(const QString &path) {
     QFile file(path);

@@ -1,5 +1,7 @@
 #include "support/Real_Wine.h"
 
+#include "support/Places.h"
+
 #include <QDir>
 #include <QFile>
 #include <QLockFile>
@@ -43,7 +45,7 @@ Real_Wine Find_real_wine() {
     if (wine.isEmpty() || QStandardPaths::findExecutable(compiler_name).isEmpty())
         return {{}, QString("wine or %1 is not installed").arg(compiler_name)};
     qputenv("WINEDEBUG", "-all");
-    const QString prefix = QStringLiteral(VANTROSK_BINARY_DIR "/wine-prefix");
+    const QString prefix = Build_folder() + "/wine-prefix";
     if (!Make_prefix(wine, prefix))
         return {{}, "wine can not set up a prefix"};
     return {prefix, {}};

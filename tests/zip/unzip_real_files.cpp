@@ -1,3 +1,4 @@
+#include "support/Places.h"
 #include "support/World.h"
 #include "zip/Entry_List.h"
 #include "zip/Zip_Archive.h"
@@ -14,7 +15,7 @@ namespace {
 
 /// Archives of other projects' test suites, beside the checkout where they are given. Not part of it.
 QString Real_folder() {
-    return QDir::cleanPath(QStringLiteral(VANTROSK_SOURCE_DIR "/../shared/real"));
+    return QDir::cleanPath(Source_folder() + "/../shared/real");
 }
 
 #define SKIP_WITHOUT_REAL_FILES()                                                                            \
