@@ -3,8 +3,8 @@
 #include "support/World.h"
 
 #include <QDateTime>
-#include <QFile>
 #include <QDir>
+#include <QFile>
 #include <QStringList>
 
 #include <gtest/gtest.h>

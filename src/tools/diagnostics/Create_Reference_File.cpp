@@ -1,10 +1,11 @@
-#include "core/Program.h"
-#include "core/mdlErrorHandler.h"
-#include "core/mdlFile_Functions.h"
 #include "tools/diagnostics/Folder_Walk.h"
 #include "tools/diagnostics/Game_Diagnostic.h"
 #include "tools/diagnostics/Reference_File.h"
 #include "tools/diagnostics/Reference_Names.h"
+
+#include "core/Program.h"
+#include "core/mdlErrorHandler.h"
+#include "core/mdlFile_Functions.h"
 
 namespace vantrosk {
 
@@ -19,7 +20,8 @@ Listing List_folder(Program &program, const QString &folder) {
     Listing listing;
     Walk_game_folder(program, folder, [&listing](const Walked_Folder &walked) {
         for (const File_Info &file : walked.files) {
-            listing.lines += Reference_line(walked.relative + file.name, file.size, Listed_date(file.modified));
+            listing.lines +=
+                Reference_line(walked.relative + file.name, file.size, Listed_date(file.modified));
             ++listing.count;
         }
     });
@@ -51,8 +53,8 @@ QString create_reference_file(Program &program, const QString &game_folder, cons
         const Listing listing = List_folder(program, root);
         if (listing.lines.isEmpty())
             return debug_print(program, "TOOLS: no reference file, nothing to list in " + root);
-        const QString name = fm_name.isEmpty() ? Dated_reference_name(program, code)
-                                               : Mission_reference_name(code, fm_name);
+        const QString name =
+            fm_name.isEmpty() ? Dated_reference_name(program, code) : Mission_reference_name(code, fm_name);
         if (const Fault fault =
                 Write_reference(program, name, listing.count, Info_text(game_name, fm_name), listing.lines))
             throw Program_Error(fault.number, fault.text);

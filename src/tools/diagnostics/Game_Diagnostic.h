@@ -13,10 +13,10 @@ struct Program;
 // and dates are compared, contents are not.
 
 /// Lists a game's folder into a reference file and answers its name: "DIAG_T2_20261121_180459.VKDR", or with
-/// the name of a mission that was installed "DIAG_T2_Killing Frost.VKDR". Empty when the folder does not exist
-/// or holds no file, and when the file could not be written, which an error box told. `game_name` is a game's
-/// code or its name and stands in the file as given; the file's name has the code. Thief 3 is listed from its
-/// root, also when its "SYSTEM" folder is given. `game_folder` is a Windows path.
+/// the name of a mission that was installed "DIAG_T2_Killing Frost.VKDR". Empty when the folder does not
+/// exist or holds no file, and when the file could not be written, which an error box told. `game_name` is a
+/// game's code or its name and stands in the file as given; the file's name has the code. Thief 3 is listed
+/// from its root, also when its "SYSTEM" folder is given. `game_folder` is a Windows path.
 QString create_reference_file(Program &program, const QString &game_folder, const QString &game_name,
                               const QString &fm_name = {});
 

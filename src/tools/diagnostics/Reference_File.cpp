@@ -84,6 +84,7 @@ bool Read_heading(const QString &line, Reference &reference) {
 } // namespace
 
 Reference Read_reference_text(const QString &text, const QString &game_folder) {
+    const QString folder = game_folder.endsWith(u'\\') ? game_folder.chopped(1) : game_folder;
     Reference reference;
     Line_Reader lines(text);
     for (QString line; reference.rows.size() < most_rows && lines.next(line);) {
@@ -91,7 +92,8 @@ Reference Read_reference_text(const QString &text, const QString &game_folder) {
         if (line.size() < shortest_line || line.front() == u'/' || line.front() == u';' ||
             Read_heading(line, reference))
             continue;
-        reference.rows.push_back(Row_of_line(line, game_folder));
+        if (line.front() != u',')
+            reference.rows.push_back(Row_of_line(line, folder));
     }
     return reference;
 }
@@ -114,9 +116,8 @@ QString Listed_date(const QDateTime &modified) {
     const QDate day = modified.date();
     const QTime time = modified.time();
     std::array<char, 64> text{};
-    const int length =
-        std::snprintf(text.data(), text.size(), "%02d/%02d/%04d %02d:%02d:%02d", day.day(), day.month(),
-                      day.year(), time.hour(), time.minute(), time.second());
+    const int length = std::snprintf(text.data(), text.size(), "%02d/%02d/%04d %02d:%02d:%02d", day.day(),
+                                     day.month(), day.year(), time.hour(), time.minute(), time.second());
     return QString::fromLatin1(text.data(), length);
 }
 

@@ -21,8 +21,8 @@ struct Program;
 //     strings\aVKCOMMA b.str,17,21/11/2026 18:04:59
 //
 // Paths are relative to the game folder. A line break inside a name, which only this system knows, is written
-// as VKCR or VKLF; a path that would be taken for something else begins with a "\", which a reader drops. Dates
-// are in local time and compare as texts.
+// as VKCR or VKLF; a path that would be taken for something else begins with a "\", which a reader drops.
+// Dates are in local time and compare as texts.
 
 inline constexpr const char *reference_extension = ".VKDR";
 

@@ -1,9 +1,10 @@
 #include "tools/diagnostics/Reference_Names.h"
 
+#include "tools/diagnostics/Reference_File.h"
+
 #include "core/Games.h"
 #include "core/Program.h"
 #include "install/Install_Paths.h"
-#include "tools/diagnostics/Reference_File.h"
 
 #include <algorithm>
 #include <array>
@@ -16,17 +17,12 @@ const QString name_start = QStringLiteral("DIAG_");
 constexpr qsizetype longest_code = 40, longest_fm_name = 160; ///< bytes: a name has room for 255
 
 constexpr std::array<Diag_Game, 7> diag_games{{
-    {"Thief 1", "T1",
-     "The scan below cross references against a Patched to 1.33 Version of Thief 1"},
-    {"Thief Gold", "TG",
-     "The scan below cross references against a clean install version of Thief Gold"},
-    {"Thief 2", "T2",
-     "The scan below cross references against a Patched to 1.18 version of Thief 2"},
-    {"Thief 3", "T3",
-     "The scan below cross references against a Patched to 1.1 version of Thief 3"},
+    {"Thief 1", "T1", "The scan below cross references against a Patched to 1.33 Version of Thief 1"},
+    {"Thief Gold", "TG", "The scan below cross references against a clean install version of Thief Gold"},
+    {"Thief 2", "T2", "The scan below cross references against a Patched to 1.18 version of Thief 2"},
+    {"Thief 3", "T3", "The scan below cross references against a Patched to 1.1 version of Thief 3"},
     {"The Dark Mod", "DMOD", ""},
-    {"SS2", "SS2",
-     "The scan below cross references against a Patched version of System Shock 2"},
+    {"SS2", "SS2", "The scan below cross references against a Patched version of System Shock 2"},
     {"Custom Game", custom_diag_code, ""},
 }};
 

@@ -1,0 +1,36 @@
+#include "tools/diagnostics/Reference_Table.h"
+
+namespace vantrosk {
+
+namespace {
+
+/// Sign by sign, as file names compare: a name keeps its length.
+QString Folded(QString path) {
+    for (QChar &letter : path)
+        letter = letter.toCaseFolded();
+    return path;
+}
+
+} // namespace
+
+Reference_Table::Reference_Table(std::vector<Reference_Row> rows)
+    : rows_(std::move(rows)), next_(rows_.size(), none) {
+    first_.reserve(static_cast<qsizetype>(rows_.size()));
+    // From the end, so that the earlier of two rows stands before the later one.
+    for (std::size_t i = rows_.size(); i-- > 0;) {
+        const QString path = Folded(rows_[i].path);
+        next_[i] = first_.value(path, none);
+        first_.insert(path, static_cast<int>(i));
+    }
+}
+
+Reference_Row *Reference_Table::take(const QString &full_path) {
+    const auto found = first_.find(Folded(full_path));
+    if (found == first_.end() || *found == none)
+        return nullptr;
+    const auto row = static_cast<std::size_t>(*found);
+    *found = next_[row];
+    return &rows_[row];
+}
+
+} // namespace vantrosk
