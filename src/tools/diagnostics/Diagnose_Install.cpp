@@ -1,14 +1,15 @@
 #include "tools/diagnostics/Diagnose_Install.h"
 
+#include "tools/diagnostics/Diagnostic_Report.h"
+#include "tools/diagnostics/Folder_Walk.h"
+#include "tools/diagnostics/Reference_Names.h"
+#include "tools/diagnostics/Reference_Table.h"
+
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "install/Install_Paths.h"
-#include "tools/diagnostics/Diagnostic_Report.h"
-#include "tools/diagnostics/Folder_Walk.h"
-#include "tools/diagnostics/Reference_Names.h"
-#include "tools/diagnostics/Reference_Table.h"
 
 #include <algorithm>
 
@@ -34,6 +35,7 @@ public:
 
     Diagnosis Work() {
         Read_table();
+        result_.game_folder = folder_;
         result_.folder_exists = FolderExists(program_, folder_);
         if (result_.folder_exists)
             Walk();
@@ -79,10 +81,11 @@ private:
         const QString date = Listed_date(file.modified);
         result_.export_text += Reference_line(relative + file.name, file.size, date);
         ++result_.count;
-        Row_Colour colour = Compare(folder_ + relative + file.name, file.size, date);
+        const QString path = folder_ + relative + file.name;
+        Row_Colour colour = Compare(path, file.size, date);
         if (own_.contains(file.name))
             colour = Row_Colour::aqua;
-        Count(colour);
+        Note(colour, path);
         report_.add_row(colour, QString::number(file.size), date, file.name);
     }
 
@@ -100,22 +103,22 @@ private:
         return Row_Colour::none;
     }
 
-    void Count(Row_Colour colour) {
+    void Note(Row_Colour colour, const QString &path) {
         switch (colour) {
         case Row_Colour::none:
             ++result_.matched;
             break;
         case Row_Colour::red:
-            ++result_.unexpected;
+            result_.unexpected << path;
             break;
         case Row_Colour::orange:
-            ++result_.different;
+            result_.different << path;
             break;
         case Row_Colour::aqua:
-            ++result_.own;
+            result_.own << path;
             break;
         case Row_Colour::pink:
-            ++result_.missing;
+            result_.missing << path;
             break;
         }
     }
@@ -125,7 +128,7 @@ private:
         for (const Reference_Row &row : table_.rows()) {
             if (row.path.isEmpty() || row.status != Row_Status::not_seen)
                 continue;
-            Count(Row_Colour::pink);
+            Note(Row_Colour::pink, row.path);
             report_.add_row(Row_Colour::pink, row.size, row.date, row.path);
         }
     }

@@ -22,15 +22,17 @@ struct Diagnosis_Request {
 
 /// What came of it.
 struct Diagnosis {
+    QString game_folder; ///< that was walked, with a trailing "\"; Windows path
     bool folder_exists = false;
     bool reference_exists = false;
     QString page_path;   ///< Windows path of the report; empty when it could not be written
     QString page_fault;  ///< why not
     QString export_text; ///< lines of every file, without a line end behind the last
     int count = 0;       ///< files in the folder
-    /// Rows of the report by colour: none, red, orange, aqua, pink.
-    int matched = 0, unexpected = 0, different = 0, own = 0, missing = 0;
-    QStringList unreadable; ///< folders that could not be looked into; Windows paths
+    int matched = 0;     ///< of them, those that are as the reference has them
+    /// The rows of the report that are red, orange, aqua and pink. Full Windows paths.
+    QStringList unexpected, different, own, missing;
+    QStringList unreadable; ///< folders that could not be looked into; the same
 
     /// A folder that is not there has nothing to export.
     bool can_export() const { return folder_exists; }

@@ -54,7 +54,8 @@ Reference_Row Row_of_line(const QString &line, const QString &folder) {
     const qsizetype second = first < 0 ? -1 : line.indexOf(u',', first + 1);
     Reference_Row row;
     row.path = folder + u'\\' + Without_words(line.left(first));
-    row.path.replace(QLatin1String("\\\\"), QLatin1String("\\"));
+    while (row.path.contains(QLatin1String("\\\\")))
+        row.path.replace(QLatin1String("\\\\"), QLatin1String("\\"));
     if (first >= 0)
         row.size = line.mid(first + 1, second < 0 ? -1 : second - first - 1);
     if (second >= 0)
@@ -92,8 +93,9 @@ Reference Read_reference_text(const QString &text, const QString &game_folder) {
         if (line.size() < shortest_line || line.front() == u'/' || line.front() == u';' ||
             Read_heading(line, reference))
             continue;
-        if (line.front() != u',')
-            reference.rows.push_back(Row_of_line(line, folder));
+        Reference_Row row = Row_of_line(line, folder);
+        if (row.path.size() > folder.size() + 1) // else it names no file
+            reference.rows.push_back(std::move(row));
     }
     return reference;
 }

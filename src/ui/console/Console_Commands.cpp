@@ -12,6 +12,7 @@
 #include "ui/console/Console_Json.h"
 #include "ui/console/Console_Render.h"
 #include "ui/console/Console_Words.h"
+#include "ui/console/Diagnostic_Commands.h"
 #include "ui/console/Mission_Commands.h"
 
 namespace vantrosk {
@@ -245,6 +246,8 @@ const std::vector<Console_Command> &Console_Commands() {
         {"install", install_usage, "install a mission into its game", Install_command},
         {"restore", restore_usage, "put the original missions back", Restore_command},
         {"play", play_usage, "start the game with what is installed", Play_command},
+        {"diagnose", diagnose_usage, "compare a game's folder with a reference file", Diagnose_command},
+        {"reference", reference_usage, "list a game's folder into a reference file", Reference_command},
     };
     return commands;
 }
