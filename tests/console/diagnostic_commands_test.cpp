@@ -57,11 +57,11 @@ TEST_F(Diagnostic_Commands, What_differs_is_told_below_the_game_folder) {
     EXPECT_EQ(json["different"].toArray(), list({"strings/note.str"}));
     EXPECT_EQ(json["missing"].toArray(), list({"convict.osm"}));
     EXPECT_EQ(json["own"].toArray(), list({"current_install.txt"}));
-    EXPECT_EQ(run({"diagnose", "T2", "--reference", given}).out,
-              (QStringList{"5 files, 2 as they should be", "unexpected  strings/new,1.str",
-                           "different   strings/note.str", "missing     convict.osm",
-                           "own         current_install.txt",
-                           "Report: " + world.native("home/game_diag.htm")}));
+    EXPECT_EQ(
+        run({"diagnose", "T2", "--reference", given}).out,
+        (QStringList{"5 files, 2 as they should be", "unexpected  strings/new,1.str",
+                     "different   strings/note.str", "missing     convict.osm",
+                     "own         current_install.txt", "Report: " + world.native("home/game_diag.htm")}));
 }
 
 TEST_F(Diagnostic_Commands, Without_a_reference_everything_is_unexpected) {

@@ -1,8 +1,8 @@
 #include "fuzz/Fuzz.h"
-
-#include "core/mdlFile_Functions.h"
 #include "tools/diagnostics/Diagnostic_Report.h"
 #include "tools/diagnostics/Reference_Table.h"
+
+#include "core/mdlFile_Functions.h"
 
 #include <cstdlib>
 
@@ -51,14 +51,39 @@ std::vector<QByteArray> Fuzz_seeds() {
     return {"FILECOUNT:2\r\nINFO: Patched to 1.18<br>English\r\nDATECREATED:20261121\r\n"
             "thief2.exe,2510848,05/04/2000 10:00:00\r\nstrings\\aVKCOMMA b.str,17,21/11/2026 18:04:59\r\n",
             "; a comment\r\n/ another\r\n\\;name,1,x\r\nobj\\\\a.bin,1,4/5/2000 10:00 AM, x\r\n",
-            "\xFF\xFE" "a\0,\0001\0,\000x\0",
+            "\xFF\xFE"
+            "a\0,\0001\0,\000x\0",
             ""};
 }
 
 std::vector<QByteArray> Fuzz_pieces() {
-    return {"\r\n", "\n", "\r", ",", ";", "/", "\\", "\\\\", " ", "FILECOUNT:", "FILECOUNT:2000000000\r\n",
-            "INFO:", "<br>", "<script>", "&lt;", "DATECREATED:", "VKCOMMA", "VKCR", "VKLF", "\xEF\xBB\xBF",
-            "\xFF\xFE", "\xC5", QByteArray(1, '\0'), "\xE2\x80\xA8", "ß", "İ", "9223372036854775808"};
+    return {"\r\n",
+            "\n",
+            "\r",
+            ",",
+            ";",
+            "/",
+            "\\",
+            "\\\\",
+            " ",
+            "FILECOUNT:",
+            "FILECOUNT:2000000000\r\n",
+            "INFO:",
+            "<br>",
+            "<script>",
+            "&lt;",
+            "DATECREATED:",
+            "VKCOMMA",
+            "VKCR",
+            "VKLF",
+            "\xEF\xBB\xBF",
+            "\xFF\xFE",
+            "\xC5",
+            QByteArray(1, '\0'),
+            "\xE2\x80\xA8",
+            "ß",
+            "İ",
+            "9223372036854775808"};
 }
 
 } // namespace vantrosk
