@@ -44,15 +44,6 @@ constexpr std::array<Link_Row, 4> link_rows{{
      "other useful information here, or you can give your feedback'"},
 }};
 
-/// Only what leads to a page of the web becomes a link.
-bool May_be_followed(const QString &url) {
-    const QLatin1String beginnings[] = {QLatin1String("http://"), QLatin1String("https://"),
-                                        QLatin1String("ftp://")};
-    return std::any_of(std::begin(beginnings), std::end(beginnings), [&](QLatin1String beginning) {
-        return url.startsWith(beginning, Qt::CaseInsensitive);
-    });
-}
-
 QString Info_row(const QString &content) {
     return content.isEmpty() ? QString() : "<tr><td class='VKFMINFO' colspan='2'>" + content + "</td></tr>";
 }
@@ -153,6 +144,14 @@ QString First_cell(const QString &title_image, qsizetype rows) {
 }
 
 } // namespace
+
+bool May_be_followed(const QString &url) {
+    const QLatin1String beginnings[] = {QLatin1String("http://"), QLatin1String("https://"),
+                                        QLatin1String("ftp://")};
+    return std::any_of(std::begin(beginnings), std::end(beginnings), [&](QLatin1String beginning) {
+        return url.startsWith(beginning, Qt::CaseInsensitive);
+    });
+}
 
 void Fill_field(QString &field, const QString &value) {
     if (field.isEmpty())

@@ -16,6 +16,8 @@ QString With_line_feeds(QString text);
 QString Write_page(Program &program, const QString &page_path, const QString &html);
 /// A font name or colour: nothing of it may end the style rule or the attribute that it is in.
 QString Style_value(const QString &value);
+/// Only what leads to a page of the web becomes a link.
+bool May_be_followed(const QString &url);
 /// The name of a picture file in an address; it names no folder.
 QString Encode_picture_name(const QString &name);
 

@@ -225,12 +225,15 @@ void Link_contact(Marked_Text &text, const Program &program, const Page_Header &
     }
 }
 
+QString Opening_of_link(const QString &address) {
+    return "<a href='" + Escape_address(address) + "' target='_blank' Title='Caution this will open " +
+           Escape_attribute(address) + " in a new window'>";
+}
+
 void Link_home_page(Marked_Text &text, const QString &home_page) {
     if (home_page.isEmpty())
         return;
-    const QString link = "<a href='" + Escape_address(home_page) +
-                         "' target='_blank' Title='Caution this will open " + Escape_attribute(home_page) +
-                         " in a new window'>" + Escape_html(home_page) + "</a>";
+    const QString link = Opening_of_link(home_page) + Escape_html(home_page) + "</a>";
     const QString &words = text.text();
     for (qsizetype start = words.indexOf(home_page); start >= 0;
          start = words.indexOf(home_page, start + home_page.size())) {

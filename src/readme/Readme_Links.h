@@ -29,6 +29,8 @@ QString Mail_words(const QString &value);
 /// Links every place where the contact stands for itself.
 void Link_contact(Marked_Text &text, const Program &program, const Page_Header &header,
                   const Page_Facts &facts);
+/// The tag that opens a link to a page of the world, which says so before it is clicked.
+QString Opening_of_link(const QString &address);
 /// Links every place where the home page stands for itself.
 void Link_home_page(Marked_Text &text, const QString &home_page);
 

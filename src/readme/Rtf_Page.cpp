@@ -4,11 +4,14 @@
 #include "core/mdlDebug.h"
 #include "readme/Code_Pages.h"
 #include "readme/Pages.h"
+#include "readme/Readme_Links.h"
+#include "readme/Rtf_Pictures.h"
 #include "readme/Rtf_Reader.h"
 #include "readme/Rtf_Sink.h"
 #include "readme/mdlHTML_stuff.h"
 
 #include <QHash>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -24,6 +27,9 @@ constexpr int class_limit = 1000, font_limit = 1000;
 constexpr int default_half_points = 24, least_half_points = 12, most_half_points = 144;
 constexpr int twips_of_point = 20, indent_limit = 7200, space_limit = 1440; ///< twips
 constexpr qsizetype name_limit = 64;
+constexpr qsizetype instruction_limit = 4096, link_limit = 5000; ///< bytes of one field, addresses
+constexpr qsizetype link_room = qsizetype(4) << 20; ///< characters: every run of a link repeats its address
+constexpr int picture_limit = 500;
 
 /// A run of characters.
 struct Character_Format {
@@ -32,6 +38,7 @@ struct Character_Format {
     int half_points = default_half_points;
     int colour = 0, ground = 0; ///< by number in the colour table; 0 is automatic
     int font = -1;              ///< -1 is the document's default
+    int link = 0;               ///< by number, from 1 on; 0 is none
 
     bool operator==(const Character_Format &) const = default;
 };
@@ -130,6 +137,7 @@ public:
     void Take_word(QByteArrayView name, std::optional<int> number, bool skipped) override;
     void Take_character(QChar character) override;
     void Take_skipped(char byte) override;
+    void Take_binary(QByteArrayView bytes) override;
 
 private:
     enum class Table { none, fonts, colours };
@@ -138,6 +146,9 @@ private:
     void Take_character_word(std::string_view name, std::optional<int> number);
     void Take_paragraph_word(std::string_view name, std::optional<int> number);
     void End_table_entry();
+    void Take_field_word(std::string_view name);
+    void End_instruction();
+    void End_picture();
     void End_run();
     void End_paragraph();
     void End_document();
@@ -161,6 +172,16 @@ private:
     std::array<int, 3> described_colour_{};
     bool colour_is_described_ = false;
 
+    qsizetype instruction_depth_ = 0; ///< of what a field is to be; 0 outside of one
+    QByteArray instruction_;
+    QStringList links_;  ///< the opening tags of the fields that lead somewhere
+    int field_link_ = 0; ///< of the field whose result comes next
+    qsizetype link_room_ = link_room;
+
+    qsizetype picture_depth_ = 0; ///< 0 outside of a picture
+    Rtf_Picture picture_;
+    int pictures_ = 0;
+
     bool line_break_ = false; ///< the next line end does not end its paragraph
     Character_Format run_format_;
     QString run_, paragraph_;
@@ -179,6 +200,10 @@ void Markup_Maker::Close_group() {
     // A font entry in braces of its own may lack its ";".
     if (table_ == Table::fonts)
         End_table_entry();
+    if (depth_ == instruction_depth_)
+        End_instruction();
+    if (depth_ == picture_depth_)
+        End_picture();
     if (depth_ == 1)
         End_document();
     if (depth_ <= static_cast<qsizetype>(stack_.size()) && !stack_.empty()) {
@@ -204,8 +229,11 @@ void Markup_Maker::Take_word(QByteArrayView name_bytes, std::optional<int> numbe
     }
     if (table_ != Table::none)
         return Take_table_word(name, number.value_or(0));
+    if (picture_depth_ != 0 && depth_ == picture_depth_)
+        return Take_picture_word(picture_, name_bytes, number);
     if (skipped)
         return;
+    Take_field_word(name);
     line_break_ = name == "line";
     if (name == "deff")
         default_font_ = number.value_or(0);
@@ -231,6 +259,13 @@ void Markup_Maker::Take_table_word(std::string_view name, int number) {
 }
 
 void Markup_Maker::Take_skipped(char byte) {
+    if (picture_depth_ != 0) {
+        if (depth_ == picture_depth_)
+            Take_picture_digit(picture_, byte);
+        return;
+    }
+    if (instruction_depth_ != 0 && instruction_.size() < instruction_limit)
+        instruction_ += byte;
     if (table_ == Table::none)
         return;
     if (byte == ';')
@@ -257,6 +292,59 @@ void Markup_Maker::End_table_entry() {
     described_generic_ = "sans-serif";
 }
 
+void Markup_Maker::Take_binary(QByteArrayView bytes) {
+    if (picture_depth_ != 0 && depth_ == picture_depth_)
+        picture_.bytes += bytes;
+}
+
+// Fields and pictures.
+
+void Markup_Maker::Take_field_word(std::string_view name) {
+    if (name == "field") {
+        field_link_ = 0;
+    } else if (name == "fldinst" && depth_ > 1) {
+        instruction_depth_ = depth_;
+        instruction_.clear();
+    } else if (name == "fldrslt") {
+        now_.character.link = field_link_;
+        field_link_ = 0;
+    } else if (name == "pict" && depth_ > 1) {
+        picture_depth_ = depth_;
+        picture_ = {};
+    }
+}
+
+/// Of all that a field can be only a link to the world's pages, or a mail, becomes one here.
+void Markup_Maker::End_instruction() {
+    static const QRegularExpression link(
+        QStringLiteral(R"re(^\s*HYPERLINK\s+(?:"([^"]{1,2000})"|([^\s"\\]{1,2000})))re"),
+        QRegularExpression::CaseInsensitiveOption);
+    instruction_depth_ = 0;
+    const QRegularExpressionMatch match = link.match(Text_of_code_page(instruction_, western_code_page));
+    static const QRegularExpression behind_receiver("[?&#].*");
+    QString address = (match.captured(1) + match.captured(2)).trimmed();
+    const bool mail = address.startsWith(QLatin1String("mailto:"), Qt::CaseInsensitive);
+    if (mail)
+        address.remove(behind_receiver).replace(0, 7, "mailto:");
+    if (links_.size() >= link_limit || (!mail && !May_be_followed(address)))
+        return;
+    links_ << (mail ? "<a href='" + Escape_address(address) + "'>" : Opening_of_link(address));
+    field_link_ = static_cast<int>(links_.size());
+}
+
+void Markup_Maker::End_picture() {
+    picture_depth_ = 0;
+    if (++pictures_ > picture_limit)
+        return;
+    const QString mark_up = Markup_of_picture(picture_);
+    picture_ = {};
+    if (mark_up.isEmpty())
+        return;
+    End_run();
+    markup_.is_empty = false;
+    paragraph_ += mark_up;
+}
+
 void Markup_Maker::Take_character_word(std::string_view name, std::optional<int> number) {
     Character_Format &format = now_.character;
     for (const Switch_Word &word : switch_words)
@@ -276,7 +364,7 @@ void Markup_Maker::Take_character_word(std::string_view name, std::optional<int>
     else if (name == "highlight")
         format.ground = number.value_or(0) > 0 ? first_highlight + *number : 0;
     else if (name == "plain")
-        format = {};
+        format = {.link = format.link}; // which is no format
 }
 
 void Markup_Maker::Take_paragraph_word(std::string_view name, std::optional<int> number) {
@@ -317,7 +405,10 @@ void Markup_Maker::End_run() {
     const QString name = runs_ < format_limit ? Class_of(Style_of(run_format_)) : QString();
     ++runs_;
     const QString text = run_.toHtmlEscaped();
-    paragraph_ += name.isEmpty() ? text : "<span class='" + name + "'>" + text + "</span>";
+    const QString run = name.isEmpty() ? text : "<span class='" + name + "'>" + text + "</span>";
+    const QString link = run_format_.link > 0 ? links_[run_format_.link - 1] : QString();
+    link_room_ -= link.size();
+    paragraph_ += link.isEmpty() || link_room_ < 0 ? run : link + run + "</a>";
     run_.clear();
 }
 

@@ -43,6 +43,10 @@ bool Is_layout(QChar character) {
     return character == QLatin1Char('\n') || character == QLatin1Char('\t');
 }
 
+bool Is_shown(QChar character) {
+    return Is_layout(character) || character.category() != QChar::Other_Control;
+}
+
 /// Half a surrogate pair is no character.
 void Mend_surrogates(QString &text) {
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -259,7 +263,7 @@ private:
                 font_table_depth_ = depth_;
             return;
         case Rtf_Action::binary:
-            at_ += std::clamp<qsizetype>(number.value_or(0), 0, bytes_.size() - at_);
+            take_binary(std::clamp<qsizetype>(number.value_or(0), 0, bytes_.size() - at_));
             return;
         default:
             flush();
@@ -324,6 +328,12 @@ private:
         return true;
     }
 
+    void take_binary(qsizetype length) {
+        if (sink_ && is_skipped())
+            sink_->Take_binary(bytes_.sliced(at_, length));
+        at_ += length;
+    }
+
     void take_byte(char byte) {
         if (starred_ && byte == ' ')
             return;
@@ -369,7 +379,7 @@ private:
         if (character == QChar::LineSeparator || character == QChar::ParagraphSeparator ||
             character == QLatin1Char('\r'))
             character = QLatin1Char('\n');
-        if (!Is_layout(character) && character.category() == QChar::Other_Control)
+        if (!Is_shown(character))
             return;
         if (sink_)
             sink_->Take_character(character);
@@ -434,7 +444,8 @@ void Read_rtf(const QByteArray &bytes, Rtf_Sink &sink) {
         return;
     }
     for (const QChar character : Text_of_other(document))
-        sink.Take_character(character);
+        if (Is_shown(character))
+            sink.Take_character(character);
 }
 
 } // namespace vantrosk

@@ -20,6 +20,8 @@ public:
     virtual void Take_character(QChar character) = 0;
     /// A plain byte of a group that is not of the body, as the names in a font table.
     virtual void Take_skipped(char byte) = 0;
+    /// Raw bytes of a group that is not of the body, as those of a picture.
+    virtual void Take_binary(QByteArrayView bytes) = 0;
 };
 
 } // namespace vantrosk

@@ -87,6 +87,7 @@ constexpr auto words = std::to_array<Rtf_Word>({
     {"rxe", Rtf_Action::skip_group},
     {"sect", Rtf_Action::none, u'\n'},
     {"shpinst", Rtf_Action::starred_group},
+    {"shppict", Rtf_Action::starred_group},
     {"shprslt", Rtf_Action::skip_group},
     {"sp", Rtf_Action::skip_group},
     {"stylesheet", Rtf_Action::skip_group},

@@ -134,9 +134,19 @@ void Remove_whole_piece(QString &html, const QString &piece) {
     html.replace(alone, QStringLiteral("\\1"));
 }
 
+/// A span that holds nothing but the name goes with it.
+void Remove_name_spans(QString &html, const QString &name) {
+    const QRegularExpression span(R"(<span class='VKFMINFO'>[ \t]*)" +
+                                      QRegularExpression::escape(Escape_html(name)) + R"([ \t]*</span>)",
+                                  QRegularExpression::CaseInsensitiveOption);
+    html.remove(span);
+}
+
 void Remove_what_the_header_says(QString &html, const Page_Header &header) {
-    if (!header.title.isEmpty())
+    if (!header.title.isEmpty()) {
+        Remove_name_spans(html, header.title);
         Remove_whole_piece(html, header.title);
+    }
     if (!header.author.isEmpty())
         Remove_whole_piece(html, "By " + header.author);
     if (!header.game.isEmpty())

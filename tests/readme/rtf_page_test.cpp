@@ -146,7 +146,9 @@ TEST(Rtf_Page, Letters_come_from_the_code_page_of_their_font) {
 }
 
 TEST(Rtf_Page, A_file_that_is_no_rtf_shows_its_lines) {
-    EXPECT_EQ(Markup_of_rtf("one\r\n<two>").body,
+    EXPECT_EQ(Markup_of_rtf("on\x03"
+                            "e\r\n<two>")
+                  .body,
               "<p><span class='r0'>one</span></p>\r\n<p><span class='r0'>&lt;two&gt;</span></p>\r\n");
 }
 
@@ -183,6 +185,123 @@ TEST(Rtf_Page, Deep_groups_come_back_to_what_was_around_them) {
     const Rtf_Markup markup =
         Read(" a" + QByteArray(5000, '{') + "\\b deep" + QByteArray(5000, '}') + " TEXT");
     EXPECT_EQ(Style_around(markup, "span", "TEXT"), "font-size:12pt;");
+}
+
+namespace {
+
+QByteArray Link(const QByteArray &instruction, const QByteArray &result = "TEXT") {
+    return "{\\field{\\*\\fldinst " + instruction + "}{\\fldrslt " + result + "}}";
+}
+
+/// The tag before the run that holds TEXT, and all that stands behind the run.
+QString Around_text(const QByteArray &body) {
+    const QString html = Read(body).body;
+    const qsizetype run = html.indexOf("<span class='r0'>TEXT</span>");
+    return html.mid(3, run - 3) + "|" + html.mid(run + 28).section("</p>", 0, 0);
+}
+
+} // namespace
+
+TEST(Rtf_Page, A_field_that_leads_to_the_world_is_a_link) {
+    const QString opening = "<a href='http://x.org/a?b&c' target='_blank' Title='Caution this will open "
+                            "http://x.org/a?b&c in a new window'>|</a>";
+    for (const QByteArray &instruction :
+         {QByteArray("HYPERLINK \"http://x.org/a?b&c\""), QByteArray("HYPERLINK http://x.org/a?b&c "),
+          QByteArray("{\\rtlch\\af1 {\\cs1 hyperlink }}{\"http://x.org/a?b&c\" \\\\t \"_blank\"}"
+                     "{{\\*\\datafield 00d0c9ea}}")})
+        EXPECT_EQ(Around_text(Link(instruction)), opening) << instruction.toStdString();
+    EXPECT_EQ(Around_text(Link("HYPERLINK \"http://x.org/a?b&c\"", "{\\plain TEXT}")), opening);
+    for (const QByteArray &mail :
+         {QByteArray("mailto:ann@x.org"), QByteArray("MAILTO:ann@x.org?cc=bob@x.org&x=1")})
+        EXPECT_EQ(Around_text(Link("HYPERLINK \"" + mail + "\"")), "<a href='mailto:ann@x.org'>|</a>");
+}
+
+TEST(Rtf_Page, A_link_ends_with_its_field) {
+    EXPECT_EQ(
+        Read(Link("HYPERLINK \"https://x.org\"", "a{\\b b}") + "TEXT").body,
+        "<p><a href='https://x.org' target='_blank' Title='Caution this will open https://x.org in a new "
+        "window'><span class='r0'>a</span></a><a href='https://x.org' target='_blank' Title='Caution this "
+        "will open https://x.org in a new window'><span class='r1'>b</span></a><span "
+        "class='r0'>TEXT</span></p>\r\n");
+}
+
+TEST(Rtf_Page, Other_fields_and_addresses_are_no_links) {
+    for (const QByteArray &instruction :
+         {QByteArray("HYPERLINK \"javascript:alert(1)\""), QByteArray("HYPERLINK \"file:///etc/passwd\""),
+          QByteArray("HYPERLINK \"data:text/html,x\""), QByteArray("HYPERLINK \\\\l \"place\""),
+          QByteArray("INCLUDEPICTURE \"http://x.org/a.png\""), QByteArray("HYPERLINK \"http://x.org"),
+          QByteArray("HYPERLINK \"http://" + QByteArray(3000, 'x') + "\""), QByteArray("PAGE"), QByteArray()})
+        EXPECT_EQ(Around_text(Link(instruction)), "|") << instruction.left(60).toStdString();
+}
+
+TEST(Rtf_Page, An_address_can_not_leave_its_attribute) {
+    const QString html = Read(Link("HYPERLINK \"http://x.org/'onclick='<b>\"")).body;
+    EXPECT_TRUE(
+        html.startsWith("<p><a href='http://x.org/%27onclick=%27&lt;b&gt;' target='_blank' "
+                        "Title='Caution this will open http://x.org/&#39;onclick=&#39;&lt;b&gt; in a"))
+        << html.toStdString();
+}
+
+TEST(Rtf_Page, Links_without_end_leave_their_text) {
+    QByteArray result;
+    for (int i = 0; i < 20000; ++i)
+        result += "\\b x\\b0 y";
+    const QString body = Read(Link("HYPERLINK \"http://" + QByteArray(1900, 'x') + "\"", result)).body;
+    EXPECT_LT(body.size(), 8 << 20);
+    EXPECT_EQ(body.count("</a>"), body.count("<a "));
+    EXPECT_EQ(body.count(">y</span>"), 20000);
+}
+
+TEST(Rtf_Page, A_picture_shows_in_its_place_and_size) {
+    const QByteArray png("\x89PNG\r\n\x1a\nrest"), jpeg("\xff\xd8\xff rest");
+    const QString png_data = "<img src='data:image/png;base64," + png.toBase64() + "'";
+    const QString jpeg_data = "<img src='data:image/jpeg;base64," + jpeg.toBase64() + "'";
+    const std::vector<Row> rows{
+        {"{\\pict\\pngblip " + png.toHex() + "}", png_data + ">"},
+        {"{\\pict\\pngblip\\picwgoal1440\\pichgoal720\r\n" + png.toHex().toUpper() + "\r\n}",
+         png_data + " style='width:72pt;aspect-ratio:1440/720'>"},
+        {"{\\pict\\picwgoal1440\\pichgoal720\\picscalex50\\picscaley200\\jpegblip " + jpeg.toHex() + "}",
+         jpeg_data + " style='width:36pt;aspect-ratio:720/1440'>"},
+        {"{\\pict\\picwgoal1440\\jpegblip " + jpeg.toHex() + "}", jpeg_data + " style='width:72pt'>"},
+        {"{\\pict\\picwgoal99999999\\pngblip " + png.toHex() + "}", png_data + " style='width:1584pt'>"},
+        {"{\\*\\shppict{\\pict{\\*\\picprop{\\sp{\\sn a}{\\sv 12}}}\\pngblip{\\*\\blipuid 0a1b}" +
+             png.toHex() + "}}{\\nonshppict{\\pict\\wmetafile8 0102}}",
+         png_data + ">"},
+        {"{\\pict\\pngblip\\bin" + QByteArray::number(png.size()) + " " + png + "}", png_data + ">"},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(Read(row.rtf).body, "<p>" + row.style + "</p>\r\n") << row.rtf.toStdString();
+    EXPECT_EQ(Read(" a" + rows[0].rtf + "b").body,
+              "<p><span class='r0'>a</span>" + rows[0].style + "<span class='r0'>b</span></p>\r\n");
+    EXPECT_FALSE(Read(rows[0].rtf).is_empty);
+}
+
+TEST(Rtf_Page, What_is_no_picture_for_a_browser_leaves_its_text_alone) {
+    for (const QByteArray &picture :
+         {QByteArray("\\pngblip 3c7376673e"), QByteArray("\\jpegblip 89504e47"), QByteArray("\\emfblip 0100"),
+          QByteArray("\\pngblip"), QByteArray("\\macpict 00"), QByteArray("\\dibitmap0 2800"),
+          QByteArray("\\wmetafile8 010009"), QByteArray("\\wmetafile8 " + QByteArray(200, 'f')),
+          QByteArray("\\wmetafile8 " + QByteArray(200, '0'))})
+        EXPECT_EQ(Read(" a{\\pict" + picture + "}b").body, "<p><span class='r0'>ab</span></p>\r\n")
+            << picture.left(40).toStdString();
+}
+
+TEST(Rtf_Page, A_bitmap_gets_the_head_of_a_file_and_a_metafile_gives_its_bitmap) {
+    const QByteArray bitmap = QByteArray::fromHex("28000000020000000100000001001800000000000800000000000000"
+                                                  "0000000000000000000000000000ff00ff000000");
+    const QByteArray file = QByteArray::fromHex("424d3e0000000000000036000000") + bitmap;
+    const QString shown = "<p><img src='data:image/bmp;base64," + file.toBase64() + "'></p>\r\n";
+    EXPECT_EQ(Read("{\\pict\\dibitmap0 " + bitmap.toHex() + "}").body, shown);
+    const auto order = [](quint32 words, const QByteArray &number, const QByteArray &rest) {
+        return QByteArray(1, static_cast<char>(words)) + QByteArray(3, '\0') + number + rest;
+    };
+    const QByteArray paint = QByteArray(22, '\0') + bitmap;
+    const QByteArray metafile = QByteArray(18, '\0') + order(4, "\x03\x01", "\x08\x01") +
+                                order(3 + (22 + 48) / 2, "\x43\x0f", paint) +
+                                order(3, QByteArray(2, '\0'), {});
+    EXPECT_EQ(Read("{\\pict\\wmetafile8 " + metafile.toHex() + "}").body, shown);
+    // An order that says it is longer than the file.
+    EXPECT_EQ(Read("{\\pict\\wmetafile8 " + metafile.left(60).toHex() + "}").body, "");
 }
 
 TEST(Rtf_Page, The_page_lies_beside_the_document) {

@@ -24,6 +24,7 @@ const QMap<QString, QStringList> &Allowed() {
         {"a", {"href", "target", "title", "id"}},
         {"img", {"src", "border", "style"}},
         {"center", {}},
+        {"p", {"class"}},
         {"br", {}},
         {"hr", {}},
     };
@@ -41,7 +42,7 @@ bool Is_good_address(QString value) {
     if (Fits("(?i:https?|ftp)://.*", value))
         return true;
     value.replace("&lt;", "<").replace("&gt;", ">");
-    return Fits(R"(mailto:[^&?#]*\?subject=[^&?#]*&body=[^&?#]*)", value);
+    return Fits(R"(mailto:[^&?#]*(\?subject=[^&?#]*&body=[^&?#]*)?)", value);
 }
 
 bool Is_good_value(const QString &name, const QString &value) {
@@ -50,12 +51,15 @@ bool Is_good_value(const QString &name, const QString &value) {
     if (name == "href")
         return Is_good_address(value);
     if (name == "src")
-        return Fits(R"((VKIMAGES\\|\.\./HTMLImages/|\.\./custom_game_images/)?(?!\.{1,2}$)[^/\\:&?#'"]+)",
+        return Fits("data:image/(png|jpeg|bmp);base64,[A-Za-z0-9+/]+=*", value) ||
+               Fits(R"((VKIMAGES\\|\.\./HTMLImages/|\.\./custom_game_images/)?(?!\.{1,2}$)[^/\\:&?#'"]+)",
                     value);
+    if (name == "class")
+        return Fits("[A-Za-z0-9_ ]*", value);
     if (name == "style")
         return Fits(R"([^@\\\\(]*(url\([A-Za-z0-9%._-]+\)[^@\\\\(]*)?(alpha\(opacity=70\)[^@\\\\(]*)?)",
                     value);
-    if (name == "class" || name == "id" || name == "target" || name == "align")
+    if (name == "id" || name == "target" || name == "align")
         return Fits("[A-Za-z_ ]*", value);
     if (name == "http-equiv" || name == "content")
         return value == "Content-Type" || value == "text/html; charset=UTF-8";
