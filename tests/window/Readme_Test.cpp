@@ -1,10 +1,13 @@
 #include "window/Readme_World.h"
 
+#include "readme/mdlHTML_stuff.h"
 #include "ui/qt/Readme_Fence.h"
 #include "ui/qt/Readme_Panel.h"
 
+#include <QBuffer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTest>
@@ -16,11 +19,33 @@
 
 #include <gtest/gtest.h>
 
+#ifdef Q_OS_UNIX
+#include <signal.h>
+#endif
+
 namespace vantrosk {
 
 namespace {
 
-using Readme = Readme_World;
+struct Readme : Readme_World {
+    QWidget *Stopped_note() { return Panel().findChild<QWidget *>("readme_stopped"); }
+#ifdef Q_OS_UNIX
+    /// Another process draws the page than the one before.
+    bool Comes_back(qint64 before) {
+        return Window_World::Wait_until([this, before] {
+            const qint64 now = Panel().view()->page()->renderProcessPid();
+            return now > 0 && now != before && !Panel().is_loading();
+        });
+    }
+    /// What draws the page ends, as in want of memory; true when the browser has noticed.
+    bool Kill_renderer() {
+        QSignalSpy ended(Panel().view()->page(), &QWebEnginePage::renderProcessTerminated);
+        const qint64 process = Panel().view()->page()->renderProcessPid();
+        return process > 1 && ::kill(static_cast<pid_t>(process), SIGKILL) == 0 &&
+               Window_World::Wait_until([&ended] { return !ended.isEmpty(); });
+    }
+#endif
+};
 
 } // namespace
 
@@ -169,6 +194,105 @@ TEST_F(Readme, A_picture_is_found_whatever_capitals_the_readme_gives_it) {
     ASSERT_TRUE(Show("<body><img src='vkimages\\TITLE%20picture.png'><img src='VKIMAGES/none.png'></body>"));
     EXPECT_EQ(Ask("Array.from(document.images).map(i => i.naturalWidth).join(',')").toString(), "7,0");
 }
+
+TEST_F(Readme, A_picture_within_the_page_shows) {
+    QImage image(7, 5, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer png;
+    ASSERT_TRUE(image.save(&png, "PNG"));
+    ASSERT_TRUE(Show("<body><img src='data:image/png;base64," + png.data().toBase64() + "'></body>"));
+    EXPECT_EQ(Ask("document.images[0].naturalWidth").toInt(), 7);
+}
+
+TEST_F(Readme, A_formatted_readme_shows_its_pictures_and_its_links_lead_to_the_world) {
+    QImage image(7, 5, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer png;
+    ASSERT_TRUE(image.save(&png, "PNG"));
+    world.files.write("home/INFO/readme.rtf",
+                      "{\\rtf1\\fs144 {\\field{\\*\\fldinst HYPERLINK \"http://x.org/vault\"}{\\fldrslt "
+                      "MMMMMMMM\\line MMMMMMMM}}\\par{\\pict\\picwgoal1440\\pichgoal1440\\pngblip " +
+                          png.data().toHex() + "}}");
+    ASSERT_EQ(Render_RTF_Readme(world.program(), world.files.windows("home/INFO/readme.rtf")),
+              world.files.windows("home/INFO/readme.htm"));
+    ASSERT_TRUE(Show_file("home/INFO/readme.htm"));
+    EXPECT_EQ(
+        Ask("[document.images[0].naturalWidth, document.images[0].width, document.images[0].height].join()")
+            .toString(),
+        "7,96,96");
+    EXPECT_TRUE(Click_opens_a_link());
+    EXPECT_EQ(world.script().links.value(0), "http://x.org/vault");
+}
+
+TEST_F(Readme, A_text_file_as_it_stands_is_read_in_its_own_encoding) {
+    const std::pair<QByteArray, QString> table[] = {
+        {"Žluťoučký кот", "Žluťoučký кот"},
+        {"caf\xe9 \x93x\x94", "café “x”"},
+        {QByteArray("\xff\xfeK\x01\x16\x04", 6), "ŋЖ"},
+        {"Ž", "Ž"},
+    };
+    for (const auto &[bytes, text] : table) {
+        ASSERT_TRUE(Show(bytes, "home/INFO/readme.txt"));
+        EXPECT_EQ(Text().trimmed().toStdString(), text.toStdString());
+    }
+}
+
+TEST_F(Readme, No_word_runs_out_of_the_page_and_a_background_leaves_the_text_its_margin) {
+    ASSERT_TRUE(Show(
+        "<body topmargin='0' leftmargin='0'><div align='center' style='z-index:-1;width:100%;height:100%;"
+        "background:url(none.bmp) no-repeat center center;'><div align='center' "
+        "style='width:800px;height:800px;background:#FFFFFF;opacity:.70;'></div></div><div "
+        "style='position:absolute;top:15px;left:0px;'><table width='100%'><tr><td>" +
+        QByteArray(500, 'x') + "</td></tr></table><span>text</span></div></body>"));
+    EXPECT_EQ(Ask("document.documentElement.scrollWidth - document.documentElement.clientWidth").toInt(), 0);
+    EXPECT_GE(Ask("document.querySelector('span').getBoundingClientRect().left").toInt(), 16);
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(Readme, A_page_whose_process_ends_comes_back_by_itself_once) {
+    ASSERT_TRUE(Show("<body>still here</body>"));
+    const qint64 first = Panel().view()->page()->renderProcessPid();
+    ASSERT_TRUE(Kill_renderer());
+    EXPECT_TRUE(Comes_back(first));
+    EXPECT_EQ(Text().trimmed(), "still here");
+    EXPECT_FALSE(Stopped_note()->isVisible());
+}
+
+TEST_F(Readme, A_page_whose_process_ends_again_says_so_and_is_shown_again_on_demand) {
+    ASSERT_TRUE(Show("<body>still here</body>"));
+    const qint64 first = Panel().view()->page()->renderProcessPid();
+    ASSERT_TRUE(Kill_renderer());
+    ASSERT_TRUE(Comes_back(first));
+    ASSERT_TRUE(Kill_renderer());
+    ASSERT_TRUE(Window_World::Wait_until([&] { return Stopped_note()->isVisible(); }));
+    EXPECT_EQ(Stopped_note()->findChild<QLabel *>()->text(),
+              "The page can not be shown: the browser stopped while it drew it.");
+    for (const char *tool : {"readme_find", "readme_print", "readme_text_larger", "readme_back"})
+        EXPECT_FALSE(Panel().findChild<QToolButton *>(tool)->isEnabled()) << tool;
+    Panel().Open_find();
+    EXPECT_FALSE(Panel().findChild<QWidget *>("readme_find_bar")->isVisible());
+    Panel().Take_focus();
+    auto *again = Panel().findChild<QPushButton *>("readme_again");
+    EXPECT_TRUE(again->hasFocus());
+    QTest::keyClick(again, Qt::Key_Space);
+    ASSERT_TRUE(Window_World::Wait_until([&] { return !Panel().is_loading(); }));
+    EXPECT_EQ(Text().trimmed(), "still here");
+    EXPECT_FALSE(Stopped_note()->isVisible());
+    EXPECT_TRUE(Panel().findChild<QToolButton *>("readme_find")->isEnabled());
+}
+
+TEST_F(Readme, The_next_mission_shows_after_a_page_that_stopped) {
+    ASSERT_TRUE(Show("<body>first</body>"));
+    const qint64 first = Panel().view()->page()->renderProcessPid();
+    ASSERT_TRUE(Kill_renderer());
+    ASSERT_TRUE(Comes_back(first));
+    ASSERT_TRUE(Kill_renderer());
+    ASSERT_TRUE(Window_World::Wait_until([&] { return Stopped_note()->isVisible(); }));
+    ASSERT_TRUE(Show("<body>second</body>", "home/INFO/second.htm"));
+    EXPECT_EQ(Text().trimmed(), "second");
+    EXPECT_FALSE(Stopped_note()->isVisible());
+}
+#endif
 
 TEST_F(Readme, A_frame_shows_nothing) {
     world.files.write("home/INFO/inner.htm", "<body>inner</body>");

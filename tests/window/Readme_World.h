@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace vantrosk {
 
 /// A window that shows pages which a test writes into INFO, and asks the browser what has come of them.
@@ -36,18 +38,18 @@ protected:
         return Window_World::Wait_until([&] { return !shown.isEmpty() && !Panel().is_loading(); });
     }
     QString Text() {
-        std::optional<QString> text;
-        Panel().view()->page()->toPlainText([&text](const QString &plain) { text = plain; });
-        Window_World::Wait_until([&text] { return text.has_value(); });
-        return text.value_or(QString());
+        const auto text = std::make_shared<std::optional<QString>>(); // the answer may come too late
+        Panel().view()->page()->toPlainText([text](const QString &plain) { *text = plain; });
+        Window_World::Wait_until([text] { return text->has_value(); });
+        return text->value_or(QString());
     }
     /// Runs in the program's own world, apart from the page's scripts.
     QVariant Ask(const QString &script) {
-        std::optional<QVariant> answer;
+        const auto answer = std::make_shared<std::optional<QVariant>>();
         Panel().view()->page()->runJavaScript(script, QWebEngineScript::ApplicationWorld,
-                                              [&answer](const QVariant &value) { answer = value; });
-        Window_World::Wait_until([&answer] { return answer.has_value(); });
-        return answer.value_or(QVariant());
+                                              [answer](const QVariant &value) { *answer = value; });
+        Window_World::Wait_until([answer] { return answer->has_value(); });
+        return answer->value_or(QVariant());
     }
     void Click_page(const QPoint &at) {
         QWidget *target = Panel().view()->focusProxy();

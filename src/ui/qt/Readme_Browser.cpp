@@ -5,11 +5,13 @@
 #include "Readme_Pictures.h"
 
 #include "core/Program.h"
+#include "core/mdlDebug.h"
 
 #include <QChildEvent>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
@@ -25,6 +27,9 @@ namespace vantrosk {
 namespace {
 
 constexpr int page_text_size = 14, wheel_step = 120;
+constexpr int note_width = 280, note_gap = 12;
+constexpr qsizetype examined_bytes = qsizetype(1) << 20;
+constexpr const char *plain_encoding = "windows-1252";
 constexpr double smallest_text = 0.5, largest_text = 3.0, text_step = 0.1;
 
 /// A page may name a font that is not here; what is shown instead is the window's.
@@ -34,8 +39,18 @@ void Set_fonts(QWebEngineSettings *settings, const QString &family) {
     settings->setFontSize(QWebEngineSettings::DefaultFontSize, page_text_size);
 }
 
-/// The page's room, scroll bars and pictures in the manner of the window: no picture crowds the text out. It
-/// runs apart from the page's own world, where scripts are off.
+QString How_it_ended(QWebEnginePage::RenderProcessTerminationStatus status, int code) {
+    const bool killed = status == QWebEnginePage::KilledTerminationStatus;
+    const bool crashed = status != QWebEnginePage::NormalTerminationStatus;
+    return QStringLiteral("%1 (%2)").arg(QLatin1String(killed    ? "was killed"
+                                                       : crashed ? "crashed"
+                                                                 : "ended"),
+                                         QString::number(code));
+}
+
+/// The page's room, scroll bars and pictures in the manner of the window: no picture crowds the text out, no
+/// word runs out of the page, and a background stays behind the text wherever one reads. It runs apart from
+/// the page's own world, where scripts are off.
 QWebEngineScript Page_manner() {
     QWebEngineScript script;
     script.setName(QStringLiteral("manner"));
@@ -45,6 +60,10 @@ QWebEngineScript Page_manner() {
         QStringLiteral("var sheet = document.createElement('style');"
                        "sheet.textContent = 'body{padding:14px 22px 24px;line-height:1.4}"
                        ":where(a:link){color:#2546c4}"
+                       "body,td{overflow-wrap:anywhere}"
+                       "body>div[style*=\"z-index:-1\"]{position:fixed;top:0;left:0;overflow:hidden}"
+                       "body>div[style*=\"z-index:-1\"]>div{width:100%!important;height:100%!important}"
+                       "body>div[style*=\"position:absolute\"]{right:0;padding:0 22px 24px}"
                        "img{max-width:100%;height:auto}"
                        "img[src*=HTMLImages]{vertical-align:-2px}"
                        "td[rowspan]{vertical-align:top;padding-right:16px}"
@@ -138,7 +157,13 @@ void Readme_Browser::Make_view() {
     Set_fonts(page_->settings(), theme_.text.family());
     page_->scripts().insert(Page_manner());
     layout()->addWidget(view_);
+    stopped_note_ = Make_stopped_note();
+    layout()->addWidget(stopped_note_);
     address_->raise();
+    connect(page_, &QWebEnginePage::renderProcessTerminated, this,
+            [this](QWebEnginePage::RenderProcessTerminationStatus status, int code) {
+                Take_stop(How_it_ended(status, code));
+            });
     connect(page_, &Readme_Page::Link_clicked, this, &Readme_Browser::Link_clicked);
     connect(page_, &QWebEnginePage::linkHovered, this,
             [this](const QString &link) { Show_address_of(QUrl(link)); });
@@ -161,6 +186,20 @@ void Readme_Browser::Make_view() {
     Change_text_size(0);
 }
 
+/// A text file that is shown as it stands does not say what it is written in: UTF-8 where all of its bytes
+/// fit.
+void Readme_Browser::Choose_encoding(const QString &page) {
+    text_encoding_ = QLatin1String(plain_encoding);
+    if (!page.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive))
+        return;
+    QByteArray start = program_.files.read_start(page, examined_bytes).value;
+    const bool cut = start.size() == examined_bytes; // perhaps within a letter
+    for (int back = 0; cut && back < 3 && static_cast<unsigned char>(start.back()) >= 0x80; ++back)
+        start.chop(1);
+    if (start.isValidUtf8())
+        text_encoding_ = QStringLiteral("UTF-8");
+}
+
 bool Readme_Browser::Show_page(const QString &page) {
     Close_find();
     const auto file = program_.files.look(page);
@@ -177,27 +216,94 @@ bool Readme_Browser::Show_page(const QString &page) {
     folders_->Set({program_.files.to_native(page.chopped(name_length)),
                    program_.files.to_native(program_.paths.info), pictures, of_games});
     folders_->shared_folders = {pictures, of_games};
+    Choose_encoding(page);
     Load(QUrl::fromLocalFile(path));
     return true;
 }
 
 void Readme_Browser::Show_address(const QUrl &address) {
     Close_find();
+    text_encoding_ = QLatin1String(plain_encoding);
     folders_->Set({});
     folders_->Set_site(address);
     Load(address);
 }
 
 void Readme_Browser::Load(const QUrl &address) {
+    loaded_ = address;
+    loaded_again_ = false;
+    Load_again();
+}
+
+void Readme_Browser::Load_again() {
     if (!view_)
         Make_view();
+    stopped_ = false;
+    stopped_note_->hide();
+    view_->show();
     has_page_ = loading_ = is_new_page_ = true;
-    view_->load(address);
+    page_->settings()->setDefaultTextEncoding(text_encoding_);
+    view_->load(loaded_);
     Q_EMIT State_changed();
 }
 
+// Pages are drawn by a process of their own, which a broken page or want of memory can end.
+
+QWidget *Readme_Browser::Make_stopped_note() {
+    auto *note = new QWidget;
+    note->setObjectName(name_ + QStringLiteral("_stopped"));
+    auto *text =
+        new QLabel(QStringLiteral("The page can not be shown: the browser stopped while it drew it."));
+    text->setProperty("kind", QStringLiteral("second"));
+    text->setAlignment(Qt::AlignCenter);
+    text->setWordWrap(true);
+    text->setMinimumWidth(note_width);
+    auto *again = new QPushButton(QStringLiteral("Show it &again"));
+    again->setObjectName(name_ + QStringLiteral("_again"));
+    again->setAccessibleDescription(text->text());
+    auto *column = new QVBoxLayout(note);
+    column->setSpacing(note_gap);
+    column->addStretch();
+    column->addWidget(text, 0, Qt::AlignHCenter);
+    column->addWidget(again, 0, Qt::AlignHCenter);
+    column->addStretch();
+    note->hide();
+    connect(again, &QPushButton::clicked, this, [this] {
+        Load(loaded_);
+        Take_focus();
+    });
+    return note;
+}
+
+/// The page is loaded once more by itself. One that ends the process again is not tried for ever.
+void Readme_Browser::Take_stop(const QString &how) {
+    debug_print(program_, QStringLiteral("README: what draws the pages ") + how);
+    if (!has_page_ || stopped_)
+        return;
+    if (!loaded_again_) {
+        loaded_again_ = true;
+        // Not from within the browser's own report.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (has_page_ && !stopped_)
+                    Load_again();
+            },
+            Qt::QueuedConnection);
+        return;
+    }
+    stopped_ = true;
+    loading_ = is_new_page_ = false;
+    Close_find();
+    address_->hide();
+    view_->hide();
+    stopped_note_->show();
+    Q_EMIT State_changed();
+    Q_EMIT Page_shown(false);
+}
+
 void Readme_Browser::Blank() {
-    has_page_ = loading_ = false;
+    has_page_ = loading_ = stopped_ = false;
     address_->hide();
     if (view_) {
         view_->load(QUrl(QStringLiteral("about:blank")));
@@ -211,19 +317,19 @@ const QUrl &Readme_Browser::site() const {
 }
 
 bool Readme_Browser::can_go_back() const {
-    return has_page_ && view_->history()->canGoBack();
+    return can_read() && view_->history()->canGoBack();
 }
 
 bool Readme_Browser::can_go_forward() const {
-    return has_page_ && view_->history()->canGoForward();
+    return can_read() && view_->history()->canGoForward();
 }
 
 bool Readme_Browser::can_shrink() const {
-    return has_page_ && text_size_ > smallest_text;
+    return can_read() && text_size_ > smallest_text;
 }
 
 bool Readme_Browser::can_grow() const {
-    return has_page_ && text_size_ < largest_text;
+    return can_read() && text_size_ < largest_text;
 }
 
 void Readme_Browser::Go_back() {
@@ -237,7 +343,9 @@ void Readme_Browser::Go_forward() {
 }
 
 void Readme_Browser::Take_focus() {
-    if (has_page_)
+    if (stopped_)
+        stopped_note_->findChild<QPushButton *>()->setFocus(Qt::ShortcutFocusReason);
+    else if (has_page_)
         view_->setFocus(Qt::ShortcutFocusReason);
 }
 
@@ -254,12 +362,12 @@ void Readme_Browser::Reset_text_size() {
 }
 
 void Readme_Browser::Open_find() {
-    if (has_page_)
+    if (can_read())
         find_bar_->Open();
 }
 
 void Readme_Browser::Find_next(bool backwards) {
-    if (!has_page_)
+    if (!can_read())
         return;
     if (find_bar_->isHidden() || find_bar_->text().isEmpty())
         return Open_find();

@@ -74,6 +74,8 @@ public:
     std::unique_ptr<QMenu> Make_menu();
 
     bool has_page() const { return has_page_; }
+    /// A page that can be read, searched and printed: there is one, and what draws it has not stopped.
+    bool can_read() const { return has_page_ && !stopped_; }
     bool is_loading() const { return loading_; }
     bool can_go_back() const;
     bool can_go_forward() const;
@@ -97,7 +99,11 @@ protected:
 
 private:
     void Make_view();
+    QWidget *Make_stopped_note();
+    void Choose_encoding(const QString &page);
     void Load(const QUrl &address);
+    void Load_again();
+    void Take_stop(const QString &how);
     void Show_address_of(const QUrl &link);
 
     Program &program_;
@@ -105,11 +111,15 @@ private:
     QString name_;
     std::unique_ptr<Readme_Folders> folders_;
     Readme_Find_Bar *find_bar_;
-    QLabel *address_; ///< where the link under the pointer leads
+    QLabel *address_;                 ///< where the link under the pointer leads
+    QWidget *stopped_note_ = nullptr; ///< in the page's place when what draws pages has stopped
     Readme_View *view_ = nullptr;
     Readme_Page *page_ = nullptr;
     double text_size_ = 1.0;
     bool has_page_ = false, loading_ = false;
+    bool stopped_ = false, loaded_again_ = false;
+    QString text_encoding_;    ///< of a page that does not say it itself
+    QUrl loaded_;              ///< the page to come back to when what draws pages stops
     bool is_new_page_ = false; ///< "Back" does not lead to the mission before
 };
 

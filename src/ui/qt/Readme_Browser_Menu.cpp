@@ -48,16 +48,16 @@ std::unique_ptr<QMenu> Readme_Browser::Make_menu() {
                  [this] { Go_forward(); }),
              QStringLiteral("Alt+Right"));
     menu->addSeparator();
-    const bool has_selection = has_page_ && view_->hasSelection();
+    const bool has_selection = can_read() && view_->hasSelection();
     Tell_key(
         Add(*menu, QStringLiteral("&Copy"), QStringLiteral("menu_copy"), has_selection, [this] { Copy(); }),
         QStringLiteral("Ctrl+C"));
-    Tell_key(Add(*menu, QStringLiteral("Select &all"), QStringLiteral("menu_select_all"), has_page_,
+    Tell_key(Add(*menu, QStringLiteral("Select &all"), QStringLiteral("menu_select_all"), can_read(),
                  [this] { Select_all(); }),
              QStringLiteral("Ctrl+A"));
-    Tell_key(
-        Add(*menu, QStringLiteral("F&ind…"), QStringLiteral("menu_find"), has_page_, [this] { Open_find(); }),
-        QStringLiteral("Ctrl+F"));
+    Tell_key(Add(*menu, QStringLiteral("F&ind…"), QStringLiteral("menu_find"), can_read(),
+                 [this] { Open_find(); }),
+             QStringLiteral("Ctrl+F"));
     menu->addSeparator();
     Tell_key(Add(*menu, QStringLiteral("La&rger text"), QStringLiteral("menu_larger"), can_grow(),
                  [this] { Change_text_size(1); }),
@@ -66,13 +66,13 @@ std::unique_ptr<QMenu> Readme_Browser::Make_menu() {
                  [this] { Change_text_size(-1); }),
              QStringLiteral("Ctrl+-"));
     Tell_key(Add(*menu, QStringLiteral("&Normal text"), QStringLiteral("menu_normal"),
-                 has_page_ && !qFuzzyCompare(text_size_, 1.0), [this] { Reset_text_size(); }),
+                 can_read() && !qFuzzyCompare(text_size_, 1.0), [this] { Reset_text_size(); }),
              QStringLiteral("Ctrl+0"));
     menu->addSeparator();
     Tell_key(
-        Add(*menu, QStringLiteral("&Print…"), QStringLiteral("menu_print"), has_page_, [this] { Print(); }),
+        Add(*menu, QStringLiteral("&Print…"), QStringLiteral("menu_print"), can_read(), [this] { Print(); }),
         QStringLiteral("Ctrl+Shift+P"));
-    Add(*menu, QStringLiteral("&Save as PDF…"), QStringLiteral("menu_pdf"), has_page_,
+    Add(*menu, QStringLiteral("&Save as PDF…"), QStringLiteral("menu_pdf"), can_read(),
         [this] { Save_as_pdf(); });
     if (add_to_menu)
         add_to_menu(*menu);
@@ -80,18 +80,18 @@ std::unique_ptr<QMenu> Readme_Browser::Make_menu() {
 }
 
 void Readme_Browser::Copy() {
-    if (has_page_)
+    if (can_read())
         view_->triggerPageAction(QWebEnginePage::Copy);
 }
 
 void Readme_Browser::Select_all() {
     Take_focus(); // without it there is nothing to select in
-    if (has_page_)
+    if (can_read())
         view_->triggerPageAction(QWebEnginePage::SelectAll);
 }
 
 void Readme_Browser::Print() {
-    if (!has_page_)
+    if (!can_read())
         return;
     auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     QPrintDialog dialog(printer.get(), this);
@@ -101,7 +101,7 @@ void Readme_Browser::Print() {
 
 /// The browser prints when it is ready; the printer lives until then.
 void Readme_Browser::Print_to(std::shared_ptr<QPrinter> printer) {
-    if (!has_page_)
+    if (!can_read())
         return;
     connect(
         view_, &QWebEngineView::printFinished, this, [printer](bool) {}, Qt::SingleShotConnection);
@@ -109,7 +109,7 @@ void Readme_Browser::Print_to(std::shared_ptr<QPrinter> printer) {
 }
 
 void Readme_Browser::Save_as_pdf(QString path) {
-    if (!has_page_)
+    if (!can_read())
         return;
     if (path.isEmpty())
         path = QFileDialog::getSaveFileName(this, QStringLiteral("Save the readme as PDF"),

@@ -59,8 +59,6 @@ void Switch_off(QWebEngineSettings *settings) {
         settings->setAttribute(attribute, false);
     settings->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, true);
     settings->setAttribute(QWebEngineSettings::WebRTCPublicInterfacesOnly, true);
-    // A text file that does not say what it is written in.
-    settings->setDefaultTextEncoding(QStringLiteral("windows-1252"));
 }
 
 } // namespace

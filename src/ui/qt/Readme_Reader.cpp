@@ -49,7 +49,7 @@ Readme_Reader::Readme_Reader(Program &program, const Theme &theme)
     };
     connect(browser, &Readme_Browser::State_changed, this, &Readme_Reader::Refresh_tools);
     connect(browser, &Readme_Browser::Page_shown, this, [this](bool ok) {
-        unreachable_ = !ok && browser->has_page() && !browser->site().isEmpty();
+        unreachable_ = !ok && browser->can_read() && !browser->site().isEmpty();
         if (unreachable_)
             Show_empty();
     });
@@ -121,8 +121,8 @@ void Readme_Reader::Refresh_tools() {
     };
     enable(Readme_Toolbar::back, browser->can_go_back());
     enable(Readme_Toolbar::forward, browser->can_go_forward());
-    enable(Readme_Toolbar::find, browser->has_page());
-    enable(Readme_Toolbar::print, browser->has_page());
+    enable(Readme_Toolbar::find, browser->can_read());
+    enable(Readme_Toolbar::print, browser->can_read());
     enable(Readme_Toolbar::smaller, browser->can_shrink());
     enable(Readme_Toolbar::larger, browser->can_grow());
 }
