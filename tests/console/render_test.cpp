@@ -80,6 +80,29 @@ TEST_F(Render, A_picture_stands_beside_the_header) {
     }
 }
 
+TEST_F(Render, A_bitmap_is_laid_beside_a_picture_that_no_browser_shows) {
+    QByteArray pcx(128, '\0'); // two pixels of 8 bits and their palette
+    pcx[0] = 10;
+    pcx[1] = 5;
+    pcx[2] = 1;
+    pcx[3] = 8;
+    pcx[8] = 1;
+    pcx[65] = 1;
+    pcx[66] = 2;
+    pcx += QByteArray("\x01\x02\x0C", 3) + QByteArray(768, '\0');
+    world.write("fm/a.txt", "Title : X\n");
+    world.write("fm/main_1.PCX", pcx);
+    EXPECT_EQ(render({"a.txt", "--image", "main_1.PCX"}, "fm").exit_code, 0);
+    EXPECT_TRUE(html("fm/a.htm").contains("<img src='main_1.BMP' style='border:1 groove black;'>"));
+    EXPECT_TRUE(world.read("fm/main_1.BMP").startsWith("BM"));
+    EXPECT_EQ(world.read("fm/main_1.PCX"), pcx);
+    // A damaged one leaves the page whole.
+    world.write("fm/bad.pcx", "no picture");
+    EXPECT_EQ(render({"a.txt", "--image", "bad.pcx"}, "fm").exit_code, 0);
+    EXPECT_TRUE(html("fm/a.htm").contains("<td class='VKTITLE'>X</td>"));
+    EXPECT_FALSE(world.exists("fm/bad.BMP"));
+}
+
 TEST_F(Render, A_custom_game_lends_its_picture) {
     world.write("fm/a.vkml", "x\n");
     world.write("home/custom_game_images/Half_32.bmp", "BM");

@@ -170,6 +170,26 @@ TEST_F(Info_Custom, A_text_in_a_folder_can_be_the_readme_and_readme_txt_stays) {
     EXPECT_EQ(program.TEXTFILENAME, "readme.txt");
 }
 
+TEST_F(Info_Custom, Its_page_shows_the_picture_of_the_game) {
+    const auto page = [this] {
+        return QString::fromUtf8(program.files.read_file(program.fm.readme_page, 1 << 24).value);
+    };
+    const Zip_Entry text = Readme("Title : One\nAuthor : Ann\n");
+    const Zip_Entry vkml{"readme.vkml", "[VKFMSTRUCTURE]Mission Title : One[/VKFMSTRUCTURE]\n", {}};
+    examine_custom({a_map, text});
+    EXPECT_FALSE(page().contains("rowspan"));
+    world.write("home/custom_game_images/Quake Game_32.bmp", "BM");
+    for (const Zip_Entry &readme : {text, vkml}) {
+        examine_custom({a_map, readme});
+        EXPECT_TRUE(page().contains("<img src='../custom_game_images/Quake Game_32.bmp' "
+                                    "style='border:1 groove black;'></td><td class='VKTITLE'>One</td>"))
+            << page().toStdString();
+    }
+    // What belongs to the game is no picture for a list of another.
+    examine({text, a_mission});
+    EXPECT_FALSE(page().contains("rowspan"));
+}
+
 TEST_F(Info_Custom, A_readme_alone_names_the_game_and_nothing_is_active) {
     examine_custom({Readme("Title : One\nGame : Thief 2\n")});
     EXPECT_EQ(game(), (QStringList{"CUSTOM - Quake Game", "", game_path("quake"), ""}));

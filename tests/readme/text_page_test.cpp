@@ -58,6 +58,47 @@ TEST_F(Text_Page_Test, Title_game_and_author_stand_above_the_text) {
         << body.toStdString();
 }
 
+TEST_F(Text_Page_Test, A_contact_stands_behind_one_of_four_labels) {
+    const std::pair<QByteArray, QString> table[] = {
+        {"Contact Info: a@x.org\nb@x.org\n", "a@x.org"},
+        {"contact info   : a@x.org\nContact Info b@x.org\n", "a@x.org"},
+        {"Contact : a@x.org (home)\n", "a@x.org"},
+        {"E-Mail: a@x.org\n", "a@x.org"},
+        {"E-mail : a@x.org\n", "a@x.org"},
+        {"Email: a@x.org\n", "a@x.org"},
+        {"EMail: b@x.org\na@x.org c@x.org\n", "b@x.org"}, // the first address of the text, not the label
+        {"z@x.org\nEMail: b@x.org\n", "z@x.org"},
+        {"z@x.org\nemail: b@x.org\n", "z@x.org"},
+        {"z@x.org\nMy Contact: b@x.org\n", "z@x.org"},
+        {"z@x.org\nEmail: a@x.org\nContact: b@x.org\n", "a@x.org"}, // the first line that has one
+        {"z@x.org\nContact: \nContact Info: a@x.org\n", "a@x.org"},
+        {"z@x.org\nContact: at the forum\n", ""},
+        {"nobody at all\n", ""},
+    };
+    for (const auto &[text, contact] : table) {
+        const QString body = body_of("Author: Ann\n" + text);
+        const qsizetype mail = body.indexOf("mailto:");
+        EXPECT_EQ(mail < 0 ? QString() : body.mid(mail + 7).section('?', 0, 0), contact)
+            << text.toStdString();
+    }
+}
+
+TEST_F(Text_Page_Test, A_home_page_stands_behind_its_label_or_anywhere) {
+    const std::pair<QByteArray, QString> table[] = {
+        {"See http://y.org\nHomepage: http://x.org/a now\n", "http://x.org/a"},
+        {"HOMEPAGE  : HTTP://x.org\n", "HTTP://x.org"},
+        {"Some http://y.org/a, then http://z.org\n", "http://y.org/a"},
+        {"See http://y.org\nHomepage: www.x.org\n", ""},
+        {"Homepage: https://x.org\n", ""},
+        {"http://x.org\n", ""},
+    };
+    for (const auto &[text, page] : table) {
+        const QString body = body_of(text);
+        const qsizetype link = body.indexOf("<a href='");
+        EXPECT_EQ(link < 0 ? QString() : body.mid(link + 9).section('\'', 0, 0), page) << text.toStdString();
+    }
+}
+
 TEST_F(Text_Page_Test, Without_title_author_and_game_the_header_keeps_one_empty_row) {
     EXPECT_TRUE(body_of("Just text.\r\n")
                     .startsWith(table + "<tr><td>&nbsp;</td></tr>\r\n" + unscored_rows + "</table>\r\n"));

@@ -122,10 +122,12 @@ TEST_F(VKML_Page_Test, What_the_header_says_is_taken_from_the_text_and_its_empty
     const QString text = text_of("[VKCENTER][VKTITLE]Harbour[/VKTITLE][VKNL]\r\n"
                                  "[VKSUBTITLE]A Thief 2 Fan Mission[/VKSUBTITLE]\r\n"
                                  "[VKSUBTITLE]by ann lee[/VKSUBTITLE][/VKCENTER]\r\n"
+                                 "[VKFMINFO]Harbour[/VKFMINFO][VKFMINFO]Harbour Tales[/VKFMINFO]\r\n"
                                  "[VKFMSTRUCTURE]Mission Title : Harbour[/VKFMSTRUCTURE]\r\n"
                                  "[VKFMSTRUCTURE]Game : Thief 2[/VKFMSTRUCTURE]\r\n"
                                  "[VKAUTHOR]Author : Ann Lee[/VKAUTHOR]\r\n");
     EXPECT_EQ(text, "<center><br>\r\n\r\n</center>\r\n"
+                    "<span class='VKFMINFO'>Harbour Tales</span>\r\n"
                     "<Span class='VKFMSTRUCTURE'>Mission Title : Harbour</span>\r\n"
                     "<Span class='VKFMSTRUCTURE'>Game : Thief 2</span>\r\n"
                     "<Span class='VKAUTHOR'>Author : Ann Lee</span>\r\n");
