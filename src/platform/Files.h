@@ -76,6 +76,11 @@ public:
     /// Keeps other programs of this kind away from a folder until the answer is let go of; `exists` when one
     /// of them has it. Leaves nothing on disk. Where the system has no such thing the folder counts as free.
     virtual Result<std::shared_ptr<void>> lock_folder(const QString &) { return {}; }
+    /// Whether it lies on a CD or DVD, which can not be written.
+    virtual bool is_on_disc(const QString &path) const {
+        static_cast<void>(path);
+        return false;
+    }
     /// The path with links resolved, as a Windows path; empty when it does not exist.
     virtual QString real_path(const QString &path) const = 0;
 };

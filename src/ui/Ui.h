@@ -29,6 +29,13 @@ struct Input_Request {
     QString second_button;
 };
 
+/// A file that the user is to point at.
+struct File_Request {
+    QString title;
+    QString filter;       ///< "told text|pattern", one or more joined by "|"; empty for any file
+    QString start_folder; ///< Windows path; empty for wherever the face begins
+};
+
 /// The readme area has three browsers: the readme, the review or form tab, and the detached window.
 enum class Browser { readme, third, detached };
 
@@ -41,6 +48,11 @@ public:
     // Boxes.
     virtual Answer show_box(const Box &box) = 0;
     virtual std::optional<QString> ask_input(const Input_Request &request) = 0;
+    /// The Windows path of the file that the user chose; nothing when cancelled, or where a face can not ask.
+    virtual std::optional<QString> choose_file(const File_Request &request) {
+        static_cast<void>(request);
+        return std::nullopt;
+    }
 
     // The status bar. Panels are numbered 1 (what goes on) and 2 (of what, how far); the light is panel 5.
     virtual void set_status_panel(int panel, const QString &text) = 0;

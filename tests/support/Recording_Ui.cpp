@@ -29,6 +29,15 @@ std::optional<QString> Recording_Ui::ask_input(const Input_Request &request) {
     return text;
 }
 
+std::optional<QString> Recording_Ui::choose_file(const File_Request &request) {
+    file_requests.push_back(request);
+    if (files.empty())
+        return std::nullopt;
+    const QString path = files.front();
+    files.pop_front();
+    return path;
+}
+
 void Recording_Ui::set_status_panel(int panel, const QString &text) {
     if (panel == 1)
         panel_1 << text;

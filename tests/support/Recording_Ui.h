@@ -13,11 +13,13 @@ namespace vantrosk {
 /// A face that records what it was told and answers from a script.
 class Recording_Ui : public Ui {
 public:
-    std::deque<Answer> answers;       ///< taken in order; when none is left, the box's default
-    std::deque<QString> inputs;       ///< for input dialogs; when none is left, cancelled
-    std::vector<Box> boxes;           ///< every box shown
-    std::vector<Input_Request> asked; ///< every input dialog
-    QStringList panel_1, panel_2;     ///< every text of the two panels, in order
+    std::deque<Answer> answers; ///< taken in order; when none is left, the box's default
+    std::deque<QString> inputs; ///< for input dialogs; when none is left, cancelled
+    std::deque<QString> files;  ///< for file dialogs, Windows paths; when none is left, cancelled
+    std::vector<File_Request> file_requests; ///< every file dialog
+    std::vector<Box> boxes;                  ///< every box shown
+    std::vector<Input_Request> asked;        ///< every input dialog
+    QStringList panel_1, panel_2;            ///< every text of the two panels, in order
     std::vector<int> lights;
     QStringList pages;       ///< everything the readme browser was sent to
     QStringList third_pages; ///< the same of the browser behind the further tabs
@@ -31,6 +33,7 @@ public:
 
     Answer show_box(const Box &box) override;
     std::optional<QString> ask_input(const Input_Request &request) override;
+    std::optional<QString> choose_file(const File_Request &request) override;
     void set_status_panel(int panel, const QString &text) override;
     void set_status_light(int index, const QString &text) override;
     void set_progress(bool, int, int) override {}

@@ -22,6 +22,7 @@ World::World() : clock(nullptr), folder_(QDir::tempPath() + "/vantrosk-tést-Žl
     Linux_Options options;
     options.wine_prefix = native("prefix");
     options.settings_file = native("settings.conf");
+    options.home = native("user");
     platform = Make_Linux_Platform(options);
     auto fake = std::make_unique<Fake_Clock>();
     clock = fake.get();

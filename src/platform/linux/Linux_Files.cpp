@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -20,6 +21,8 @@ namespace {
 
 constexpr mode_t permission_bits = 0777;
 constexpr qint64 copy_step = 256 * 1024;
+/// What `statfs` calls the file systems of discs: ISO 9660 and UDF.
+constexpr long disc_systems[] = {0x9660, 0x15013346};
 
 Fault Not_found(const QString &path) {
     return {Fault_Kind::not_found, QStringLiteral("There is no \"%1\".").arg(path)};
@@ -112,6 +115,7 @@ public:
     QString to_windows(const QString &native_path) const override { return paths_->windows(native_path); }
 
     Result<std::shared_ptr<void>> lock_folder(const QString &path) override;
+    bool is_on_disc(const QString &path) const override;
     std::optional<File_Info> look(const QString &path) const override;
     Result<std::vector<File_Info>> list_folder(const QString &path) const override;
     Result<QByteArray> read_file(const QString &path, qint64 limit) const override {
@@ -349,6 +353,14 @@ Fault Linux_Files::set_modified(const QString &path, const QDateTime &when) {
     if (::utimensat(AT_FDCWD, native.constData(), times, 0) != 0)
         return System_fault(errno, QStringLiteral("date"), native);
     return {};
+}
+
+bool Linux_Files::is_on_disc(const QString &path) const {
+    struct statfs info {};
+    if (::statfs(paths_->native(path).constData(), &info) != 0)
+        return false;
+    return std::find(std::begin(disc_systems), std::end(disc_systems), long(info.f_type)) !=
+           std::end(disc_systems);
 }
 
 QString Linux_Files::real_path(const QString &path) const {

@@ -15,6 +15,9 @@ std::unique_ptr<Clock> Make_Linux_Clock();
 std::unique_ptr<Registry> Make_Wine_Registry(const QString &prefix);
 /// `file` is a native path; empty for "vantrosk/vantrosk.conf" in the user's configuration folder.
 std::unique_ptr<Settings_Store> Make_Linux_Settings_Store(const QString &file);
+/// `home` is the user's home folder when empty.
+std::unique_ptr<Prefixes> Make_Linux_Prefixes(const std::shared_ptr<const Path_Map> &paths,
+                                              const QString &home);
 /// `runner` is empty when the environment or the per-user setting decide.
 std::unique_ptr<Processes> Make_Linux_Processes(const std::shared_ptr<const Path_Map> &paths,
                                                 const QString &runner,

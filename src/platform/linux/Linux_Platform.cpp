@@ -55,6 +55,7 @@ Platform Make_Linux_Platform(const Linux_Options &options) {
     platform.registry = Make_Wine_Registry(paths->prefix());
     platform.processes =
         Make_Linux_Processes(paths, options.runner, Make_Linux_Settings_Store(options.settings_file));
+    platform.prefixes = Make_Linux_Prefixes(paths, options.home);
     return platform;
 }
 

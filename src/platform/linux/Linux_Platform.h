@@ -11,6 +11,7 @@ struct Linux_Options {
     QString wine_prefix;   ///< else WINEPREFIX, else the per-user setting, else ~/.wine
     QString runner;        ///< else VANTROSK_RUNNER, else the per-user setting, else "wine"
     QString settings_file; ///< else the user's configuration folder
+    QString home = {};     ///< where prefixes are looked for; else the user's home folder
 };
 
 Platform Make_Linux_Platform(const Linux_Options &options = {});

@@ -36,6 +36,21 @@ std::optional<Value> Take_first(std::deque<Value> &queue) {
     return first;
 }
 
+/// "text|pattern|text|pattern" as the toolkit wants it. The desktop's own dialogs tell "Thief.exe" from
+/// "thief.exe", so the usual spellings stand beside each other.
+QString Name_filters(const QString &filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString text = parts[i].left(parts[i].lastIndexOf(u'(')).trimmed();
+        const QString pattern = parts[i + 1];
+        QStringList spellings{pattern, pattern.toUpper(), pattern.left(1).toUpper() + pattern.mid(1)};
+        spellings.removeDuplicates();
+        filters << QStringLiteral("%1 (%2)").arg(text.isEmpty() ? pattern : text, spellings.join(u' '));
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
 Answer Scripted_answer(Window_Script &script, const Box &box) {
     script.boxes.push_back(box);
     if (box.buttons == Buttons::ok)
@@ -96,6 +111,22 @@ std::optional<QString> Qt_Ui::ask_input(const Input_Request &request) {
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return dialog.text();
+}
+
+std::optional<QString> Qt_Ui::choose_file(const File_Request &request) {
+    QString chosen;
+    if (script) {
+        script->file_requests.push_back(request);
+        chosen = Take_first(script->files).value_or(QString());
+    } else {
+        QWidget *parent = QApplication::activeModalWidget();
+        const QString start = files_ ? files_->to_native(request.start_folder) : QString();
+        chosen = QFileDialog::getOpenFileName(parent ? parent : window_, request.title, start,
+                                              Name_filters(request.filter));
+    }
+    if (chosen.isEmpty())
+        return std::nullopt;
+    return files_ ? files_->to_windows(chosen) : chosen;
 }
 
 void Qt_Ui::set_status_panel(int panel, const QString &text) {

@@ -26,7 +26,9 @@ struct Window_Script {
     bool agrees = false;         ///< when none is left: yes and OK
     std::deque<QString> inputs;  ///< for input dialogs; when none is left, cancelled
     std::deque<QString> folders; ///< for folder dialogs, native paths; when none is left, cancelled
-    std::vector<Box> boxes;      ///< every box that was due
+    std::deque<QString> files;   ///< for file dialogs, native paths; when none is left, cancelled
+    std::vector<File_Request> file_requests;
+    std::vector<Box> boxes; ///< every box that was due
     std::vector<Input_Request> asked;
     std::optional<Version> version; ///< for the first run's question; nothing leaves all as it is
     QStringList windows;            ///< names of the other windows that were due
@@ -43,7 +45,7 @@ public:
     /// Calls before the window is there, or after it is gone, change nothing to see.
     void Attach(frmMain *window);
 
-    /// Where pictures of the screen are written.
+    /// What turns the paths of dialogs and pictures into native ones.
     void Set_files(const Files &files) { files_ = &files; }
     void Attach_console(Trace_Console_Window *console) { console_ = console; }
     /// What brings the trace console and takes it away.
@@ -62,6 +64,7 @@ public:
 
     Answer show_box(const Box &box) override;
     std::optional<QString> ask_input(const Input_Request &request) override;
+    std::optional<QString> choose_file(const File_Request &request) override;
     void set_status_panel(int panel, const QString &text) override;
     void set_status_light(int index, const QString &text) override;
     void set_progress(bool visible, int value, int maximum) override;
