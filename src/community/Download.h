@@ -11,7 +11,7 @@ struct Program;
 
 /// What a download may cost.
 struct Download_Limits {
-    int milliseconds = 30 * 1000;      ///< from the request to the last byte
+    int milliseconds = 30 * 1000;    ///< from the request to the last byte
     qint64 bytes = qint64(16) << 20; ///< a longer answer is `too_large`
 };
 

@@ -1,4 +1,5 @@
 #include "community/Download.h"
+
 #include "core/mdlFile_Functions.h"
 
 #include <array>

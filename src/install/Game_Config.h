@@ -20,10 +20,14 @@ struct Netplay_Settings {
 /// game. The first state of the file stays as "cam.cfg.VKBU". Nothing, but a trace line, without the file.
 void WriteNetplayConfig(Program &program, const Netplay_Settings &settings);
 
+/// What of a game may be changed without a question that was answered with Yes.
+enum class Unasked { may_add_a_line, changes_nothing };
+
 /// A Dark Engine game that was installed in a minimal way reads its resources from the disc. Asks, and gives
 /// the game a resource folder of its own: files that lie in the game's folder are moved there, those of a
 /// disc are copied, and "install.cfg" is switched when they are in place. Its old state stays as
 /// "OLDinstall.cfg". Also stops the game's own checks at its start. `game_path` without a trailing "\".
-void OptimiseDarkInstall(Program &program, const QString &game_path, const QString &game_code);
+void OptimiseDarkInstall(Program &program, const QString &game_path, const QString &game_code,
+                         Unasked unasked = Unasked::may_add_a_line);
 
 } // namespace vantrosk

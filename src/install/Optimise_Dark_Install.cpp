@@ -195,15 +195,17 @@ bool Skip_starting_checks(Program &program, const QString &game_path) {
 
 } // namespace
 
-void OptimiseDarkInstall(Program &program, const QString &game_path, const QString &game_code) {
+void OptimiseDarkInstall(Program &program, const QString &game_path, const QString &game_code,
+                         Unasked unasked) {
     const QString folder = Tidy_path(game_path);
     if (!Is_shock(game_code))
         Warn_of_missing_scripts(program, folder);
     const Search_State state = Optimise_search(program, folder, game_code);
-    if (state == Search_State::refused)
+    const bool was_asked = state == Search_State::switched;
+    if (state == Search_State::refused || (!was_asked && unasked == Unasked::changes_nothing))
         return;
     const bool changed = Skip_starting_checks(program, folder);
-    if (changed || state == Search_State::switched)
+    if (changed || was_asked)
         Show_Message(program, "", "Optimisation is complete");
 }
 

@@ -174,13 +174,17 @@ Fault SetVertexPools(Program &program, const QString &target, bool from_source, 
     return ini.save();
 }
 
-T3_Registry Detect_T3_Save_Folder(Program &program) {
+T3_Registry Read_T3_Registry(const Registry &registry) {
     const auto read = [&](const char *name) {
-        return Tidy_path(
-            program.platform.registry->read(QString(registry_key) + name).value_or(QString()).trimmed());
+        return Tidy_path(registry.read(QString(registry_key) + name).value_or(QString()).trimmed());
     };
     T3_Registry found{read("ION_ROOT"), read("SaveGamePath"), false};
     found.in_documents = found.save_path.contains("MY DOCUMENTS", Qt::CaseInsensitive);
+    return found;
+}
+
+T3_Registry Detect_T3_Save_Folder(Program &program) {
+    const T3_Registry found = Read_T3_Registry(*program.platform.registry);
     if (!found.save_path.isEmpty())
         program.ini.T3_SAVE_GAME_LOCATION = found.save_path;
     return found;

@@ -7,6 +7,7 @@
 namespace vantrosk {
 
 struct Program;
+class Registry;
 
 /// Thief 3's ini files. A mission may bring "user_patch.ini" and others, which are merged into the game's
 /// files for the session. A ".VKBU" beside an ini is the game's own file while a patched one is in force.
@@ -26,6 +27,7 @@ struct T3_Registry {
     QString save_path; ///< of the saves
     bool in_documents = false;
 };
+T3_Registry Read_T3_Registry(const Registry &registry);
 /// Reads it, and takes the save path into the settings in use. No file is touched.
 T3_Registry Detect_T3_Save_Folder(Program &program);
 /// The same, and sets the vertex pools of the game that was found.

@@ -9,9 +9,9 @@ namespace vantrosk {
 
 /// A folder that is a Windows system of its own to the programs in it, as Wine keeps them.
 struct Prefix {
-    QString folder;   ///< native path
-    QString kept_by;  ///< "in use", "Wine", "Lutris", "Bottles" or "Steam"
-    QString name;     ///< what its keeper calls it
+    QString folder;  ///< native path
+    QString kept_by; ///< "in use", "Wine", "Lutris", "Bottles" or "Steam"
+    QString name;    ///< what its keeper calls it
 };
 
 /// The Windows systems beside the one in use: games are often installed into one of their own.

@@ -51,13 +51,12 @@ TEST_F(Prefixes_Test, The_usual_places_of_each_keeper_are_looked_at) {
                 ("\"libraryfolders\"\n{\n \"0\" { \"path\" \"" + world.native("library") +
                  "\" }\n \"1\" { \"path\" \"relative\" }\n}\n")
                     .toUtf8());
-    EXPECT_EQ(found(),
-              (QStringList{"in use prefix: prefix", "Wine .wine: home/.wine",
-                           "Lutris thief-2: elsewhere/Žluť", "Lutris gold: home/Games/gold",
-                           "Lutris shock: home/Games/shock/prefix",
-                           "Bottles Deadly: home/.local/share/bottles/bottles/Deadly",
-                           "Steam 211600: home/.steam/steam/steamapps/compatdata/211600/pfx",
-                           "Steam 7: library/steamapps/compatdata/7/pfx"}));
+    EXPECT_EQ(found(), (QStringList{"in use prefix: prefix", "Wine .wine: home/.wine",
+                                    "Lutris thief-2: elsewhere/Žluť", "Lutris gold: home/Games/gold",
+                                    "Lutris shock: home/Games/shock/prefix",
+                                    "Bottles Deadly: home/.local/share/bottles/bottles/Deadly",
+                                    "Steam 211600: home/.steam/steam/steamapps/compatdata/211600/pfx",
+                                    "Steam 7: library/steamapps/compatdata/7/pfx"}));
 }
 
 TEST_F(Prefixes_Test, One_folder_under_two_names_is_listed_once) {

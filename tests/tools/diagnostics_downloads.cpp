@@ -1,10 +1,10 @@
 #include "tools/Diagnostics_World.h"
+#include "tools/diagnostics/Reference_Downloads.h"
+#include "tools/diagnostics/Reference_Names.h"
 
 #include "core/mdlDB_Functions.h"
 #include "readme/mdlHTML_stuff.h"
 #include "support/Local_Server.h"
-#include "tools/diagnostics/Reference_Downloads.h"
-#include "tools/diagnostics/Reference_Names.h"
 
 namespace vantrosk {
 namespace {
@@ -55,22 +55,24 @@ private:
 
 QString Row(const QString &name, const QString &info) {
     return "<tr class='VKINFO' id='" + name + "'><td>" + info +
-           "</td><td><A class='TEXTBLUE VKINFO' href='newreffiles.htm?downloadVKSingle=" + name + "'>" + name +
-           "</a></td></tr>";
+           "</td><td><A class='TEXTBLUE VKINFO' href='newreffiles.htm?downloadVKSingle=" + name + "'>" +
+           name + "</a></td></tr>";
 }
 
 const QString table_start = "<table border='1' width='95%' cellspacing='0' cellpadding='0'>";
 const QString head_row =
     "<tr class='VKINFO HIGHLIGHTYELLOW TEXTBLACK'><td>File Name</td><td>Reference Info</td></tr>";
-const QString closing = "<A class='TEXTBLUE VKINFO' href='newreffiles.htm?CloseVKWindow=true'>Click here to return "
-                        "to the Game Diagnostic Tool</a>";
+const QString closing =
+    "<A class='TEXTBLUE VKINFO' href='newreffiles.htm?CloseVKWindow=true'>Click here to return "
+    "to the Game Diagnostic Tool</a>";
 
 QString Wide(const QString &content) {
     return "<tr class='VKINFO'><td colspan='2'>" + content + "</td></tr>";
 }
 
 QString Found(int count) {
-    return Wide(QString("Connected To Vantrosk Server and found %1 new game diagnostic Reference files.").arg(count));
+    return Wide(
+        QString("Connected To Vantrosk Server and found %1 new game diagnostic Reference files.").arg(count));
 }
 
 TEST_F(Reference_Files_Of_The_Server, The_offers_are_a_page_of_rows_and_links) {
@@ -107,8 +109,8 @@ TEST_F(Reference_Files_Of_The_Server, With_nothing_new_the_page_says_so) {
     offer("DIAG_T2_clean.VKDR#i#20260101¬¬");
     ASSERT_TRUE(look());
     EXPECT_EQ(page(), (QStringList{table_start, head_row, Found(0),
-                                   Wide("No new game diagnostic reference files found."), "</table><br>", closing,
-                                   "</body></html>"}));
+                                   Wide("No new game diagnostic reference files found."), "</table><br>",
+                                   closing, "</body></html>"}));
 }
 
 TEST_F(Reference_Files_Of_The_Server, A_file_is_offered_when_it_is_missing_or_known_to_be_older) {
@@ -132,9 +134,10 @@ TEST_F(Reference_Files_Of_The_Server, A_file_is_offered_when_it_is_missing_or_kn
         if (it.is_there)
             world.write("home/references/DIAG_T2_a.VKDR", listing);
         if (it.recorded)
-            db_Execute(world.program(),
-                       QString("INSERT INTO table_game_refs (file_name,Created_date) VALUES ('diag_t2_A.VKDR','%1')")
-                           .arg(it.recorded));
+            db_Execute(
+                world.program(),
+                QString("INSERT INTO table_game_refs (file_name,Created_date) VALUES ('diag_t2_A.VKDR','%1')")
+                    .arg(it.recorded));
         offer(QByteArray("DIAG_T2_a#i#") + it.created + "¬¬");
         look();
         EXPECT_EQ(offered(), it.is_offered ? QStringList{"DIAG_T2_a"} : QStringList{})
@@ -144,8 +147,8 @@ TEST_F(Reference_Files_Of_The_Server, A_file_is_offered_when_it_is_missing_or_kn
 
 TEST_F(Reference_Files_Of_The_Server, Names_that_could_mean_another_place_are_never_offered) {
     QByteArray records;
-    for (const char *name : {"../Vantrosk.ini", "..\\x", "/etc/passwd", "C:\\x", "a:b", "..", ".", ".hidden", "",
-                             "a\nb", "a|b", "a?b", "a*b", "a\"b", "a&lt;b", ".VKDR", "a."})
+    for (const char *name : {"../Vantrosk.ini", "..\\x", "/etc/passwd", "C:\\x", "a:b", "..", ".", ".hidden",
+                             "", "a\nb", "a|b", "a?b", "a*b", "a\"b", "a&lt;b", ".VKDR", "a."})
         records += QByteArray(name) + "#i#20260101¬¬";
     records += QByteArray(300, 'x') + "#i#20260101¬¬";
     offer(records + "good one's.VKDR#i#20260101¬¬GOOD ONE'S#again#20260101¬¬");
@@ -173,7 +176,8 @@ TEST_F(Reference_Files_Of_The_Server, A_name_with_a_quote_and_a_blank_is_fetched
     offer("good 'one' é.VKDR#it's#20260101¬¬");
     look();
     server.pages["/files/diagreflists.pl?VKLID=good%20%27one%27%20%C3%A9"] = listing;
-    EXPECT_EQ(downloads().Take_link(link("downloadVKSingle=good%20%27one%27%20%C3%A9.VKDR")), Offer_View::page);
+    EXPECT_EQ(downloads().Take_link(link("downloadVKSingle=good%20%27one%27%20%C3%A9.VKDR")),
+              Offer_View::page);
     EXPECT_EQ(references(), QStringList{"good 'one' é.VKDR"});
     EXPECT_EQ(recorded().size(), 1);
     EXPECT_FALSE(page().join("").contains("downloadVKSingle"));

@@ -121,8 +121,7 @@ void Linux_Prefixes::add_steam(Found &found) const {
             if (!library.startsWith(u'/'))
                 continue;
             for (const QString &name : Entries(folder, QDir::Dirs))
-                found.add(
-                    {folder + u'/' + name + QStringLiteral("/pfx"), QStringLiteral("Steam"), name});
+                found.add({folder + u'/' + name + QStringLiteral("/pfx"), QStringLiteral("Steam"), name});
         }
     }
 }

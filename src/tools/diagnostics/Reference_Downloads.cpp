@@ -1,12 +1,13 @@
 #include "tools/diagnostics/Reference_Downloads.h"
 
 #include "community/Download.h"
+#include "tools/diagnostics/Diagnostic_Report.h"
+#include "tools/diagnostics/Reference_File.h"
+
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFile_Functions.h"
 #include "readme/mdlHTML_stuff.h"
-#include "tools/diagnostics/Diagnostic_Report.h"
-#include "tools/diagnostics/Reference_File.h"
 
 #include <QUrl>
 
@@ -72,7 +73,8 @@ QString Link(const QString &act, const QString &more, const QString &text) {
 QString Offer_row(const Reference_Offer &offer) {
     return "<tr class='VKINFO' id='" + Name_in_row(offer.name) + "'><td>" + On_one_line(offer.info) +
            "</td><td>" +
-           Link(single_word + u'=' + Encode_file_name(offer.name), {}, Escape_name(offer.name)) + "</td></tr>";
+           Link(single_word + u'=' + Encode_file_name(offer.name), {}, Escape_name(offer.name)) +
+           "</td></tr>";
 }
 
 QString Wide_row(const QString &content) {
@@ -89,7 +91,8 @@ QString Name_behind(const QString &text) {
 /// An error page of the server is no reference file.
 bool Is_reference(const QByteArray &bytes) {
     const Reference read = Read_reference_text(Decode_text(bytes), QString());
-    return read.file_count > 0 || std::any_of(read.rows.begin(), read.rows.end(), [](const Reference_Row &row) {
+    return read.file_count > 0 ||
+           std::any_of(read.rows.begin(), read.rows.end(), [](const Reference_Row &row) {
                bool is_number = false;
                row.size.trimmed().toLongLong(&is_number);
                return is_number;
@@ -151,19 +154,18 @@ bool Reference_Downloads::Is_wanted(const Reference_Offer &offer) const {
 }
 
 void Reference_Downloads::Write_page() {
-    page_lines_ = {Page_Head(program_, false, false),
-                   "<table border='1' width='95%' cellspacing='0' cellpadding='0'>",
-                   "<tr class='VKINFO HIGHLIGHTYELLOW TEXTBLACK'><td>File Name</td><td>Reference Info</td></tr>"};
+    page_lines_ = {
+        Page_Head(program_, false, false), "<table border='1' width='95%' cellspacing='0' cellpadding='0'>",
+        "<tr class='VKINFO HIGHLIGHTYELLOW TEXTBLACK'><td>File Name</td><td>Reference Info</td></tr>"};
     for (const Reference_Offer &offer : offers_)
         page_lines_ << Offer_row(offer);
     page_lines_ << Wide_row("Connected To Vantrosk Server and found " + QString::number(offers_.size()) +
                             " new game diagnostic Reference files.");
-    page_lines_ << Wide_row(
-        offers_.empty()
-            ? nothing_found
-            : Link(all_word + QStringLiteral("=true"),
-                   " onclick=\"alert('This may take some time and appear to hang')\"",
-                   "Download All Default Reference Files"));
+    page_lines_ << Wide_row(offers_.empty()
+                                ? nothing_found
+                                : Link(all_word + QStringLiteral("=true"),
+                                       " onclick=\"alert('This may take some time and appear to hang')\"",
+                                       "Download All Default Reference Files"));
     page_lines_ << "</table><br>"
                 << Link(close_word + QStringLiteral("=true"), {},
                         "Click here to return to the Game Diagnostic Tool")

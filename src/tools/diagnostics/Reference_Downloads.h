@@ -24,9 +24,9 @@ enum class Offer_View {
     closed     ///< "about:blank", and the browser is hidden
 };
 
-/// The reference files that can be had from the community server: asked for, offered as a page whose links are
-/// acts, fetched into `references` and recorded in `table_game_refs`. Names come from the server: one that
-/// is no plain file name is never offered.
+/// The reference files that can be had from the community server: asked for, offered as a page whose links
+/// are acts, fetched into `references` and recorded in `table_game_refs`. Names come from the server: one
+/// that is no plain file name is never offered.
 class Reference_Downloads {
 public:
     explicit Reference_Downloads(Program &program) : program_(program) {}
@@ -37,7 +37,7 @@ public:
     Offer_View Take_link(const QString &address);
 
     const std::vector<Reference_Offer> &offers() const { return offers_; }
-    QString page_path() const; ///< Windows path of the offers page
+    QString page_path() const;                      ///< Windows path of the offers page
     const QString &label() const { return label_; } ///< what came of the last call, for the user
 
 private:
