@@ -43,7 +43,8 @@ int Hex_digit(char digit) {
     return place == std::string_view::npos ? -1 : static_cast<int>(place);
 }
 
-template <typename Number> Number Number_at(QByteArrayView bytes, qsizetype at) {
+template<typename Number>
+Number Number_at(QByteArrayView bytes, qsizetype at) {
     return at >= 0 && at <= bytes.size() - qsizetype(sizeof(Number))
                ? qFromLittleEndian<Number>(bytes.data() + at)
                : Number(0);
@@ -116,7 +117,7 @@ Browser_Picture For_a_browser(const Rtf_Picture &picture) {
     switch (picture.format) {
     case Rtf_Picture::Format::png:
         return picture.bytes.startsWith("\x89PNG\r\n\x1a\n") ? Browser_Picture{"png", picture.bytes}
-                                                            : Browser_Picture{};
+                                                             : Browser_Picture{};
     case Rtf_Picture::Format::jpeg:
         return picture.bytes.startsWith("\xff\xd8\xff") ? Browser_Picture{"jpeg", picture.bytes}
                                                         : Browser_Picture{};
@@ -136,8 +137,9 @@ QString Size_style(const Rtf_Picture &picture) {
     if (width <= 0)
         return {};
     const QString style = " style='width:" + QString::number(width / twips_of_point) + "pt";
-    return height <= 0 ? style + "'"
-                       : style + ";aspect-ratio:" + QString::number(width) + "/" + QString::number(height) + "'";
+    return height <= 0
+               ? style + "'"
+               : style + ";aspect-ratio:" + QString::number(width) + "/" + QString::number(height) + "'";
 }
 
 } // namespace

@@ -118,7 +118,7 @@ TEST(Access, No_two_entries_share_a_shortcut) {
                 << action->text().toStdString();
         }
     for (const QAbstractButton *button : world.window().findChildren<QAbstractButton *>())
-        if (!button->shortcut().isEmpty() && button->isVisible()) {
+        if (!button->shortcut().isEmpty() && !button->isHidden()) {
             const QString keys = button->shortcut().toString();
             EXPECT_TRUE(owners.emplace(keys, button->text()).second)
                 << keys.toStdString() << ": " << owners[keys].toStdString() << ", "

@@ -110,6 +110,8 @@ TEST_F(Readme_Places, Review_and_form_share_the_third_browser) {
     for (const int tab : {1, 2}) {
         Tabs()->setCurrentIndex(tab);
         EXPECT_TRUE(Panel().third()->isVisible());
+        EXPECT_EQ(Panel().third()->view()->accessibleName(),
+                  tab == 1 ? "FM Feedback Form" : "Quillmarch Review");
     }
     EXPECT_FALSE(Panel().shows_a_page()) << "the readme is another one";
     world.ui.navigate(Browser::third, "about:blank");
@@ -201,6 +203,8 @@ TEST_F(Readme_Places, The_readme_goes_to_a_window_of_its_own_and_comes_back_with
     EXPECT_TRUE(Own_window()->isVisible());
     EXPECT_EQ(Own_window()->windowTitle(), "FM Readme - Killing Frost");
     EXPECT_FALSE(Own_window()->testAttribute(Qt::WA_QuitOnClose));
+    EXPECT_TRUE(Panel().view()->isAncestorOf(Own_window()->focusWidget()) ||
+                Panel().view() == Own_window()->focusWidget());
     EXPECT_EQ(Text().trimmed(), "first mission");
     ASSERT_TRUE(Show("<body>second mission</body>", "home/INFO/second.htm"));
     EXPECT_EQ(Text().trimmed(), "second mission");

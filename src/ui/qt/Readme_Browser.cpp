@@ -64,6 +64,7 @@ QWebEngineScript Page_manner() {
                        "body>div[style*=\"z-index:-1\"]{position:fixed;top:0;left:0;overflow:hidden}"
                        "body>div[style*=\"z-index:-1\"]>div{width:100%!important;height:100%!important}"
                        "body>div[style*=\"position:absolute\"]{right:0;padding:0 22px 24px}"
+                       "table{margin-bottom:12px}"
                        "img{max-width:100%;height:auto}"
                        "img[src*=HTMLImages]{vertical-align:-2px}"
                        "td[rowspan]{vertical-align:top;padding-right:16px}"
@@ -151,7 +152,7 @@ void Readme_Browser::Make_view() {
     Lay_out_sharp_pictures(program_);
     view_ = new Readme_View(this);
     view_->setObjectName(name_ + QStringLiteral("_view"));
-    view_->setAccessibleName(QStringLiteral("Readme of the mission"));
+    view_->setAccessibleName(page_name_);
     page_ = new Readme_Page(Make_fenced_profile(*folders_, this), *folders_, view_);
     view_->setPage(page_);
     Set_fonts(page_->settings(), theme_.text.family());
@@ -198,6 +199,12 @@ void Readme_Browser::Choose_encoding(const QString &page) {
         start.chop(1);
     if (start.isValidUtf8())
         text_encoding_ = QStringLiteral("UTF-8");
+}
+
+void Readme_Browser::Name_page(const QString &name) {
+    page_name_ = name;
+    if (view_)
+        view_->setAccessibleName(name);
 }
 
 bool Readme_Browser::Show_page(const QString &page) {

@@ -51,6 +51,8 @@ public:
     Readme_Browser(Program &program, const Theme &theme, const QString &name, QWidget *parent = nullptr);
     ~Readme_Browser() override;
 
+    /// What a screen reader calls the page.
+    void Name_page(const QString &name);
     /// A Windows path; false when there is no such file.
     bool Show_page(const QString &page);
     /// A page of the world that the user has configured; its links open in the user's own browser.
@@ -108,7 +110,7 @@ private:
 
     Program &program_;
     Theme theme_;
-    QString name_;
+    QString name_, page_name_ = QStringLiteral("Readme of the mission");
     std::unique_ptr<Readme_Folders> folders_;
     Readme_Find_Bar *find_bar_;
     QLabel *address_;                 ///< where the link under the pointer leads

@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QWebEngineContextMenuRequest>
 
 namespace vantrosk {
@@ -20,6 +21,14 @@ QAction *Add(QMenu &menu, const QString &text, const QString &name, bool enabled
     action->setEnabled(enabled);
     QObject::connect(action, &QAction::triggered, &menu, work);
     return action;
+}
+
+/// The toolkit's dialog allows its buttons less than their texts need.
+void Give_buttons_room(const QDialog &dialog) {
+    for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+        button->ensurePolished();
+        button->setMinimumWidth(button->sizeHint().width());
+    }
 }
 
 /// Shown beside the entry only: the key itself belongs to the toolbar.
@@ -95,6 +104,7 @@ void Readme_Browser::Print() {
         return;
     auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     QPrintDialog dialog(printer.get(), this);
+    Give_buttons_room(dialog);
     if (dialog.exec() == QDialog::Accepted)
         Print_to(printer);
 }

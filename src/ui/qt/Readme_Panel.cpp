@@ -174,6 +174,8 @@ void Readme_Panel::Show_tab(int index) {
         if (tab.key == key && !tab.page.isEmpty() && tab.page != third_page_)
             Load_third(tab.page);
     places_->setCurrentWidget(index > 0 ? Place_of(key) : home_);
+    if (third_ && places_->currentWidget() == third_)
+        third_->Name_page(tabs_->accessibleTabName(index));
 }
 
 // Pages.
@@ -250,6 +252,7 @@ void Readme_Panel::Detach() {
     home_->setCurrentIndex(home_->count() - 1);
     Refresh_detach();
     Refresh_empty();
+    reader_->browser->Take_focus();
 }
 
 /// The reader comes back with the page that it shows, wherever one has read on to.

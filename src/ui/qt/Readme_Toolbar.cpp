@@ -13,6 +13,7 @@ namespace vantrosk {
 namespace {
 
 constexpr int toolbar_height = 32, tool_icon = 18;
+constexpr const char *detach_keys = "Ctrl+Shift+W";
 
 constexpr std::array<Fm_Tool, fm_tool_count> fm_tool_rows{{
     {"fm_walkthrough", "Walkthrough", "compass", Mission_Link::walkthrough, nullptr},
@@ -65,7 +66,7 @@ Readme_Toolbar::Readme_Toolbar(Program &program, QWidget *parent)
     tools_[print] = Add_tool(text("readme_print"), text("Print"), text("Prints the readme"),
                              text("Ctrl+Shift+P"), text("print"));
     detach_ =
-        Add_tool(text("readme_detach"), text("Detach"), text("Detach"), text("Ctrl+Shift+D"), text("detach"));
+        Add_tool(text("readme_detach"), text("Detach"), text("Detach"), text(detach_keys), text("detach"));
     Lay_out();
 }
 
@@ -145,13 +146,14 @@ void Readme_Toolbar::Show_detached(bool detached, const QString &reason) {
     detach_->setIcon(Line_icon(detached ? QStringLiteral("attach") : QStringLiteral("detach"),
                                QColor(ink::text), QColor(ink::text_faint)));
     detach_->setEnabled(reason.isEmpty());
-    const QString keys = QKeySequence(QStringLiteral("Ctrl+Shift+D")).toString(QKeySequence::NativeText);
+    const QKeySequence sequence(QLatin1String(detach_keys), QKeySequence::PortableText);
+    const QString keys = sequence.toString(QKeySequence::NativeText);
     const QString tip = detached ? QStringLiteral("Brings the readme back into the main window")
                                  : QStringLiteral("Shows the readme in a window of its own");
     detach_->setToolTip(reason.isEmpty() ? QStringLiteral("%1 (%2)").arg(tip, keys) : reason);
     detach_->setAccessibleDescription(detach_->toolTip());
     // A text that changes takes the shortcut with it.
-    detach_->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+D")));
+    detach_->setShortcut(sequence);
     Fit();
 }
 
