@@ -172,10 +172,9 @@ TEST(Auto_Configure, The_editors_install_of_thief_3_is_taken_only_at_yes) {
         EXPECT_EQ(
             world.said()[0],
             "Vantrosk has determined that your Thief 3 install looks currently set to be the editor install "
-            "(" +
-                world.native("prefix/drive_c/T3 Editor/System/T3.exe") +
-                ") .\r\n\r\nIf this is your Thief 3 play install and NOT the editor please click YES to use "
-                "this path or click NO to configure it manually later.");
+            "(C:\\T3 Editor\\SYSTEM\\t3.exe) .\r\n\r\nIf this is your Thief 3 play install and NOT the "
+            "editor please click YES to use "
+            "this path or click NO to configure it manually later.");
         EXPECT_EQ(world.filled().size(), answer == Answer::yes ? 1 : 0);
     }
 }

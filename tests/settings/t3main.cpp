@@ -42,8 +42,8 @@ public:
     QString in_game(const QString &name) const { return "prefix/drive_c/" + root + "/System/" + name; }
     QByteArray game_file(const QString &name) const { return read(in_game(name)); }
     QString warning() const {
-        return "WARNING: Vantrosk has detected that your T3MAIN.EXE in " +
-               native("prefix/drive_c/" + root + "/System") +
+        return "WARNING: Vantrosk has detected that your T3MAIN.EXE in C:\\" +
+               QString(root).replace('/', '\\') + "\\System" +
                " appears not to be the correct version to play Thief 3 Fan Missions.";
     }
     QString question() const {

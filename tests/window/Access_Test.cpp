@@ -4,9 +4,9 @@
 #include "ui/qt/Full_Lite_Question.h"
 #include "ui/qt/Message_Boxes.h"
 #include "ui/qt/Notes_Window.h"
-#include "ui/qt/Plain_Settings.h"
 #include "ui/qt/Set_Up_Game.h"
 #include "ui/qt/Trace_Console_Window.h"
+#include "ui/qt/frmSettings.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -98,7 +98,7 @@ TEST(Access, So_has_every_control_of_the_dialogs) {
     Expect_accessible(Input_Dialog({"Title", "Prompt", "", "text", ""}, nullptr));
     Expect_accessible(Notes_Window(world.program(), world.files.windows("home/x.txt"), nullptr));
     Expect_accessible(Full_Lite_Question(nullptr));
-    Expect_accessible(Plain_Settings(world.program(), world.ui, nullptr));
+    Expect_accessible(frmSettings(world.program(), nullptr));
     Expect_accessible(Trace_Console_Window(world.program(), world.ui));
     for (const Buttons buttons : {Buttons::ok, Buttons::ok_cancel, Buttons::yes_no})
         Expect_accessible(*Make_box({Box_Kind::question, "t", "x", buttons, Answer::no}, nullptr));

@@ -5,7 +5,6 @@
 #include "ui/qt/Full_Lite_Question.h"
 #include "ui/qt/Message_Boxes.h"
 #include "ui/qt/Notes_Window.h"
-#include "ui/qt/Plain_Settings.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -15,20 +14,12 @@
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
-#include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
 namespace vantrosk {
 
 namespace {
-
-QStringList Row_texts(const QTreeWidget &tree, int row) {
-    QStringList texts;
-    for (int column = 0; column < tree.columnCount(); ++column)
-        texts << tree.topLevelItem(row)->text(column);
-    return texts;
-}
 
 QStringList Label_texts(const QWidget &window) {
     QStringList texts;
@@ -75,63 +66,6 @@ TEST(Version_Question, Gives_what_was_chosen_and_full_when_it_is_closed) {
     untouched.show();
     QTest::keyClick(&untouched, Qt::Key_Return);
     EXPECT_EQ(int(untouched.version()), int(Version::full));
-}
-
-TEST(Settings_Window, Lists_every_game_with_its_state) {
-    Window_World world;
-    world.Set_up_game("T2");
-    world.program().ini.SS2_GAME_LOCATION = "C:\\ss2";
-    world.program().ini.DM_LOCATION = "C:\\dm\\*#*";
-    const Plain_Settings settings(world.program(), world.ui, nullptr);
-    const auto &tree = *settings.findChild<QTreeWidget *>();
-    QStringList states;
-    for (int row = 0; row < tree.topLevelItemCount(); ++row)
-        states << Row_texts(tree, row).mid(0, 2).join(": ");
-    EXPECT_EQ(states, QStringList({"Thief The Dark Project: Not set up", "Thief Gold: Not set up",
-                                   "Thief The Metal Age: Set up", "Thief Deadly Shadows: Not set up",
-                                   "Dark Metal: No game folder yet", "The Dark Mod: Not set up",
-                                   "Thief 2X: Not set up", "System Shock 2: No mission folder yet"}));
-    EXPECT_EQ(Row_texts(tree, 2).mid(2),
-              QStringList({world.files.native("games/T2"), world.files.native("fms/T2")}));
-}
-
-TEST(Settings_Window, Sets_the_chosen_game_up_and_keeps_the_ini_at_save) {
-    Window_World world;
-    world.files.make_folder("games/T1");
-    world.files.make_folder("fms/T1");
-    QFile::remove(world.files.native("home/Vantrosk.ini"));
-    Plain_Settings settings(world.program(), world.ui, nullptr);
-    settings.show();
-    world.script().folders = {world.files.native("games/T1"), world.files.native("fms/T1")};
-    QTimer::singleShot(0, &settings, [&] {
-        auto *dialog = settings.findChild<QDialog *>("set_up_dialog");
-        ASSERT_NE(dialog, nullptr);
-        for (const char *name : {"set_up_game_folder", "set_up_mission_folder", "set_up_apply"})
-            dialog->findChild<QPushButton *>(name)->click();
-    });
-    QTest::keyClick(settings.findChild<QTreeWidget *>(), Qt::Key_Return);
-    EXPECT_EQ(Row_texts(*settings.findChild<QTreeWidget *>(), 0)[1], "Set up");
-    EXPECT_TRUE(settings.isVisible()) << "Enter in the list is no Save";
-    QFile::remove(world.files.native("home/Vantrosk.ini"));
-    settings.findChild<QPushButton *>("settings_save")->click();
-    EXPECT_FALSE(settings.isVisible());
-    EXPECT_TRUE(world.files.exists("home/Vantrosk.ini"));
-}
-
-TEST(Settings_Window, Closed_it_writes_nothing_and_an_ini_that_can_not_be_written_is_told) {
-    Window_World world;
-    QFile::remove(world.files.native("home/Vantrosk.ini"));
-    Plain_Settings settings(world.program(), world.ui, nullptr);
-    settings.show();
-    QTest::keyClick(&settings, Qt::Key_Escape);
-    EXPECT_FALSE(settings.isVisible());
-    EXPECT_FALSE(world.files.exists("home/Vantrosk.ini"));
-    world.files.make_folder("home/Vantrosk.ini/x");
-    Plain_Settings again(world.program(), world.ui, nullptr);
-    again.show();
-    again.findChild<QPushButton *>("settings_save")->click();
-    EXPECT_TRUE(again.isVisible());
-    EXPECT_EQ(world.script().boxes.size(), 1U);
 }
 
 TEST(Error_Window, Is_for_errors_and_for_texts_that_are_too_long) {

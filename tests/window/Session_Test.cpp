@@ -75,7 +75,7 @@ protected:
 TEST_F(Session, The_first_run_shows_its_notices_then_its_two_questions) {
     ui.script->version = Version::lite;
     ASSERT_TRUE(Start());
-    EXPECT_EQ(ui.script->windows, QStringList({"Full_Lite_Question", "Plain_Settings"}));
+    EXPECT_EQ(ui.script->windows, QStringList({"Full_Lite_Question", "frmSettings"}));
     EXPECT_EQ(Titles().mid(Titles().size() - 4),
               QStringList({"Vantrosk Warning Message 1 of 4", "Vantrosk Warning Message 2 of 4",
                            "Vantrosk Warning Message 3 of 4", "Vantrosk Information Message 4 of 4"}));

@@ -14,6 +14,7 @@
 #include "ui/console/Console_Words.h"
 #include "ui/console/Diagnostic_Commands.h"
 #include "ui/console/Mission_Commands.h"
+#include "ui/console/Settings_Commands.h"
 
 namespace vantrosk {
 
@@ -248,6 +249,8 @@ const std::vector<Console_Command> &Console_Commands() {
         {"play", play_usage, "start the game with what is installed", Play_command},
         {"diagnose", diagnose_usage, "compare a game's folder with a reference file", Diagnose_command},
         {"reference", reference_usage, "list a game's folder into a reference file", Reference_command},
+        {"autoconfigure", autoconfigure_usage, "find the games that are installed and store their folders",
+         Autoconfigure_command},
     };
     return commands;
 }

@@ -8,7 +8,6 @@
 #include "Fm_Table.h"
 #include "Game_Toolbar.h"
 #include "Notes_Window.h"
-#include "Plain_Settings.h"
 #include "Qt_Ui.h"
 #include "Readme_Actions.h"
 #include "Readme_Panel.h"
@@ -16,6 +15,7 @@
 #include "Start_Address.h"
 #include "Status_Bar.h"
 #include "Window_Commands.h"
+#include "frmSettings.h"
 
 #include "core/Games.h"
 #include "core/Program.h"
@@ -439,11 +439,27 @@ void frmMain::Show_notes(const QString &path) {
 
 void frmMain::Show_settings() {
     if (ui_.script) {
-        ui_.script->windows << QStringLiteral("Plain_Settings");
+        ui_.script->windows << QStringLiteral("frmSettings");
         return;
     }
-    Plain_Settings settings(program_, ui_, this);
-    settings.exec();
+    frmSettings settings(program_, this);
+    settings.Show_game(program_.SELECTED_GAME_TAB);
+    if (settings.exec() == QDialog::Accepted)
+        Scan_first_game();
+}
+
+/// A person who has just set the first game up sees its missions, once the start is through.
+void frmMain::Scan_first_game() {
+    if (!program_.SELECTED_GAME_TAB.isEmpty())
+        return;
+    for (const Game &game : Games())
+        if (!(program_.ini.*game.game_folder).isEmpty() &&
+            !Fm_Folders(program_.ini, game, Empty_Entry::is_passed_over).isEmpty()) {
+            const QString code = QLatin1String(game.code);
+            QMetaObject::invokeMethod(
+                this, [this, code] { commands->Choose_game(code); }, Qt::QueuedConnection);
+            return;
+        }
 }
 
 void frmMain::Show_trace_entry(bool shown) {

@@ -57,6 +57,8 @@ public:
     void Show_page(const QString &page);
     void Show_notes(const QString &path);
     void Show_settings();
+    /// Lists the first game that has both folders, unless a list is there already.
+    void Scan_first_game();
     /// The details section as the mode wants it, the columns as the tweaks want them.
     void Position_panels();
     /// The menu entry of the trace console comes or goes.

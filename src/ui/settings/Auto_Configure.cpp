@@ -8,6 +8,7 @@
 #include "install/T3_Ini.h"
 #include "ui/settings/Chosen_Game.h"
 #include "ui/settings/Reference_Offers.h"
+#include "ui/settings/Shown_Path.h"
 
 namespace vantrosk {
 
@@ -117,7 +118,7 @@ void Find_thief_2(Search &search) {
 }
 
 bool Wants_editor_install(Search &search, const QString &file) {
-    return Ask_Yes_No(search.program, "", QString(editor_install).arg(search.program.files.to_native(file)));
+    return Ask_Yes_No(search.program, "", QString(editor_install).arg(Shown_Path(search.program, file)));
 }
 
 void Find_thief_3(Search &search) {
@@ -221,6 +222,23 @@ Auto_Configured Auto_Configure(Program &program, Settings_Controls &controls, co
     search.result.reference_files = Offer_Reference_Files(program, controls, Listed_codes(search.result));
     Set_Status_Panel(program, 1, "Ready");
     return search.result;
+}
+
+Fault Store_Found(Program &program, const Settings_Controls &controls, const Auto_Configured &result) {
+    if (result.found.empty() && result.t3_saves.isEmpty())
+        return {};
+    for (const Found_Game &found : result.found) {
+        const Game_Tab &tab = *Find_Game_Tab(found.code);
+        program.ini.*tab.game().game_folder = found.folder;
+        if (tab.editor)
+            program.ini.*tab.editor = controls.of(found.code).editor;
+    }
+    if (!result.t3_saves.isEmpty())
+        program.ini.T3_SAVE_GAME_LOCATION = result.t3_saves;
+    program.ini.DMOD_INSTALLED = controls.dark_mod_installed;
+    const Fault fault = Write_Main_Ini(program);
+    program.ui.games_changed();
+    return fault;
 }
 
 } // namespace vantrosk

@@ -34,4 +34,7 @@ constexpr int auto_configure_stages = 7;
 Auto_Configured Auto_Configure(Program &program, Settings_Controls &controls, const QString &prefix,
                                const Stage_Told &told);
 
+/// Stores what was found, and nothing else, in the main ini.
+Fault Store_Found(Program &program, const Settings_Controls &controls, const Auto_Configured &result);
+
 } // namespace vantrosk

@@ -7,6 +7,7 @@
 #include "core/mdlFormDisplayFunctions.h"
 #include "core/mdlFunctions.h"
 #include "install/Install_Paths.h"
+#include "ui/settings/Shown_Path.h"
 #include "zip/mUnzip.h"
 
 namespace vantrosk {
@@ -151,7 +152,7 @@ void Replace(Program &program, const QString &folder) {
 }
 
 void Mend(Program &program, const QString &folder) {
-    const QString warning = QString(wrong_version).arg(program.files.to_native(folder));
+    const QString warning = QString(wrong_version).arg(Shown_Path(program, folder));
     if (!FileExists(program, program.paths.AppPath + "\\T3MAIN.ZIP"))
         return Show_Critical(program, "",
                              Paragraphs({warning, how_to_notice, which_it_may_be,

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Theme.h"
+
+#include "ui/settings/Settings_Controls.h"
+
+#include <QWidget>
+
+class QPushButton;
+class QTreeWidget;
+
+namespace vantrosk {
+
+/// The folders that hold a game's missions: the green plus adds one, a tick makes it one of mixed games.
+class Fm_Folders_Panel : public QWidget {
+    Q_OBJECT
+
+public:
+    Fm_Folders_Panel(Program &program, Settings_Controls &controls, const Game_Tab &tab, const Theme &theme);
+
+    void Refresh();
+    QWidget *list() const;
+
+Q_SIGNALS:
+    void Changed();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QTreeWidget *Make_list();
+    void Add();
+    void Remove();
+    void Take_ticks();
+
+    Program &program_;
+    Settings_Controls &controls_;
+    const Game_Tab &tab_;
+    QTreeWidget *folders_;
+    QPushButton *add_, *remove_;
+    bool refreshing_ = false;
+};
+
+} // namespace vantrosk
