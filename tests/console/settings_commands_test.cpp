@@ -8,9 +8,11 @@ namespace {
 
 class Autoconfigure : public Console {
 protected:
-    void registry(const QByteArray &program_file, const QByteArray &folder, const QString &prefix = "prefix") {
+    void registry(const QByteArray &program_file, const QByteArray &folder,
+                  const QString &prefix = "prefix") {
         world.write(prefix + "/system.reg",
-                    "WINE REGISTRY Version 2\n\n[Software\\\\Wow6432Node\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\App "
+                    "WINE REGISTRY Version "
+                    "2\n\n[Software\\\\Wow6432Node\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\App "
                     "Paths\\\\" +
                         program_file + "] 1\n\"path\"=\"C:\\\\" + folder + "\"\n");
     }
@@ -33,9 +35,9 @@ TEST_F(Autoconfigure, Stores_what_was_found_and_leaves_the_rest) {
                                       {"name", "System Shock 2"},
                                       {"game_path", world.native("prefix/drive_c/Sshock2")}}}));
     EXPECT_EQ(json["prefix_path"].toString(), world.native("prefix"));
-    EXPECT_EQ(json["prefixes"].toArray(), (QJsonArray{QJsonObject{{"prefix_path", world.native("prefix")},
-                                                                  {"kept_by", "in use"},
-                                                                  {"name", "prefix"}}}));
+    EXPECT_EQ(json["prefixes"].toArray(),
+              (QJsonArray{QJsonObject{
+                  {"prefix_path", world.native("prefix")}, {"kept_by", "in use"}, {"name", "prefix"}}}));
     EXPECT_EQ(json["stages"].toArray().size(), 7);
     EXPECT_EQ(json["reference_files"].toArray(), QJsonArray());
     EXPECT_EQ(setting("SS2GAME"), "C:\\Sshock2");
@@ -43,9 +45,10 @@ TEST_F(Autoconfigure, Stores_what_was_found_and_leaves_the_rest) {
     EXPECT_EQ(setting("SS2"), "C:\\FMs*#**#*C:\\b*#*");
     EXPECT_EQ(setting("SS2EDITOR"), "C:\\ed.exe");
     ASSERT_EQ(result.err.size(), 2);
-    EXPECT_EQ(result.err[0], "information \"\" Vantrosk sucessfully configured: System Shock 2 /  / Auto Configuration "
-                             "is complete, please save your settings. /  / Please configure anything else manually. "
-                             "-> ok");
+    EXPECT_EQ(result.err[0],
+              "information \"\" Vantrosk sucessfully configured: System Shock 2 /  / Auto Configuration "
+              "is complete, please save your settings. /  / Please configure anything else manually. "
+              "-> ok");
     EXPECT_TRUE(result.err[1].endsWith("-> no"));
 }
 

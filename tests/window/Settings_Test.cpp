@@ -72,19 +72,20 @@ TEST_F(Settings_Window, Has_a_tab_for_each_game_with_three_steps) {
         QStringList texts;
         for (const QLabel *label : Tabs().widget(i)->findChildren<QLabel *>())
             texts << QString(label->text()).remove('&');
-        EXPECT_EQ(texts,
-                  (QStringList{"Step 1) Game Location", "Step 2) FM Locations",
-                               "NOTE: you do not need to select each FM zip file in a folder, just one to confirm "
-                               "that Vantrosk will look in a folder that has zips in.",
-                               "Step 3) Editor Location (if applicable)"}));
+        EXPECT_EQ(
+            texts,
+            (QStringList{"Step 1) Game Location", "Step 2) FM Locations",
+                         "NOTE: you do not need to select each FM zip file in a folder, just one to confirm "
+                         "that Vantrosk will look in a folder that has zips in.",
+                         "Step 3) Editor Location (if applicable)"}));
     }
     EXPECT_EQ(captions, (QStringList{"Thief 1", "Thief Gold", "Thief 2", "Thief 3", "T2X", "System Shock 2",
                                      "The Dark Mod", "Dark Metal"}));
     QStringList others;
     for (const QLabel *label : window->findChildren<QLabel *>())
         others << QString(label->text()).remove('&');
-    for (const char *text : {"Other Settings (optional)", "Default Language :", "Toolbar Icons :",
-                             "Preferred FM Download Site :"})
+    for (const char *text : {"Other Settings (optional)",
+                             "Default Language :", "Toolbar Icons :", "Preferred FM Download Site :"})
         EXPECT_TRUE(others.contains(text)) << text;
     EXPECT_EQ(Find<QCheckBox>("settings_updates")->text().remove('&'),
               "Check For Updates Every Time Vantrosk Starts");
@@ -95,22 +96,28 @@ TEST_F(Settings_Window, Has_a_tab_for_each_game_with_three_steps) {
 TEST_F(Settings_Window, Its_buttons_tell_what_they_are_for) {
     Open();
     const std::pair<const char *, const char *> tips[] = {
-        {"settings_locate_T2",
-         "Locate Your Game Install\nUse this to find the main exe of the selected game.\nVantrosk will let you know "
-         "what the exe file is called, all you need to do is find out where it is.\nVantrosk will then use this "
-         "file to launch each game."},
-        {"settings_clear_T2", "Clear Game\nUse if you have uninstalled a game that you previously used through "
-                              "Vantrosk.\nRemove the selected game from Vantrosk."},
-        {"settings_add_T2", "Find a Fan Mission zip file, select it and then click OPEN.\nYou only need to this once "
-                            "for each folder used as Vantrosk will find all the zips directly in that folder for "
-                            "you.\n(Insert in the list)"},
-        {"settings_remove_T2", "Remove a folder path from the currentl list that Vantrosk will look in for the "
-                               "currently selected game.\n(Delete in the list)"},
-        {"settings_auto", "This will cause Vantrosk to try and work out yoru game install paths.\nHOWEVER, Vantrosk "
-                          "may not be able to find everything correctly so you will still need to just confirm that "
-                          "each game is found properly."},
-        {"settings_save", "Save Your Configuration\nClick here to save any changes you have made.\nPlease Note: this "
-                          "may take a few seconds and some changes may require a restart of Vantrosk."},
+        {"settings_locate_T2", "Locate Your Game Install\nUse this to find the main exe of the selected "
+                               "game.\nVantrosk will let you know "
+                               "what the exe file is called, all you need to do is find out where it "
+                               "is.\nVantrosk will then use this "
+                               "file to launch each game."},
+        {"settings_clear_T2",
+         "Clear Game\nUse if you have uninstalled a game that you previously used through "
+         "Vantrosk.\nRemove the selected game from Vantrosk."},
+        {"settings_add_T2",
+         "Find a Fan Mission zip file, select it and then click OPEN.\nYou only need to this once "
+         "for each folder used as Vantrosk will find all the zips directly in that folder for "
+         "you.\n(Insert in the list)"},
+        {"settings_remove_T2",
+         "Remove a folder path from the currentl list that Vantrosk will look in for the "
+         "currently selected game.\n(Delete in the list)"},
+        {"settings_auto",
+         "This will cause Vantrosk to try and work out yoru game install paths.\nHOWEVER, Vantrosk "
+         "may not be able to find everything correctly so you will still need to just confirm that "
+         "each game is found properly."},
+        {"settings_save",
+         "Save Your Configuration\nClick here to save any changes you have made.\nPlease Note: this "
+         "may take a few seconds and some changes may require a restart of Vantrosk."},
     };
     for (const auto &[name, tip] : tips)
         EXPECT_EQ(Find<QPushButton>(name)->toolTip(), tip);
@@ -130,9 +137,9 @@ TEST_F(Settings_Window, Shows_what_the_ini_holds_native_and_windows_paths_each_a
     QStringList states;
     for (int i = 0; i < Tabs().count(); ++i)
         states << Tabs().tabText(i) + ": " + Tabs().tabToolTip(i);
-    EXPECT_EQ(states.mid(2), (QStringList{"Thief 2: Set up", "Thief 3: Not set up", "T2X: Not set up",
-                                          "System Shock 2: Set up", "The Dark Mod: Not set up",
-                                          "Dark Metal: Not set up"}));
+    EXPECT_EQ(states.mid(2),
+              (QStringList{"Thief 2: Set up", "Thief 3: Not set up", "T2X: Not set up",
+                           "System Shock 2: Set up", "The Dark Mod: Not set up", "Dark Metal: Not set up"}));
     EXPECT_FALSE(Find<QPushButton>("settings_locate_editor_T2X")->isEnabled());
 }
 

@@ -19,7 +19,8 @@ namespace {
 
 constexpr int bar_width = 160;
 constexpr const char *run_tip =
-    "This will cause Vantrosk to try and work out yoru game install paths.\nHOWEVER, Vantrosk may not be able to "
+    "This will cause Vantrosk to try and work out yoru game install paths.\nHOWEVER, Vantrosk may not be "
+    "able to "
     "find everything correctly so you will still need to just confirm that each game is found properly.";
 
 QString Told_prefix(const Prefix &prefix) {
@@ -55,7 +56,8 @@ Auto_Configure_Panel::Auto_Configure_Panel(Program &program, Settings_Controls &
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(settings_gap);
     row->addWidget(run_);
-    row->addWidget(Settings_label(QStringLiteral("in the Windows system &of"), QStringLiteral("caption"), prefixes_));
+    row->addWidget(
+        Settings_label(QStringLiteral("in the Windows system &of"), QStringLiteral("caption"), prefixes_));
     row->addWidget(prefixes_, 1);
     row->addLayout(progress);
     connect(run_, &QPushButton::clicked, this, &Auto_Configure_Panel::Run);
@@ -84,9 +86,8 @@ void Auto_Configure_Panel::Run() {
         stage_->setText(text);
         bar_->setValue(stage);
     };
-    With_error_box(program_, "Auto_Configure", "Form frmSettings", [&] {
-        Auto_Configure(program_, controls_, prefixes_->currentData().toString(), told);
-    });
+    With_error_box(program_, "Auto_Configure", "Form frmSettings",
+                   [&] { Auto_Configure(program_, controls_, prefixes_->currentData().toString(), told); });
 }
 
 } // namespace vantrosk

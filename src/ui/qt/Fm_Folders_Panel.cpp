@@ -22,10 +22,12 @@ enum Folder_Column { mixed_column, folder_column };
 constexpr const char *add_tip =
     "Find a Fan Mission zip file, select it and then click OPEN.\nYou only need to this once for each folder "
     "used as Vantrosk will find all the zips directly in that folder for you.\n(Insert in the list)";
-constexpr const char *remove_tip = "Remove a folder path from the currentl list that Vantrosk will look in for "
-                                   "the currently selected game.\n(Delete in the list)";
-constexpr const char *list_tip = "Where the missions of this game lie. A folder that holds missions of several "
-                                 "games is marked with a tick (Space): every game looks in it";
+constexpr const char *remove_tip =
+    "Remove a folder path from the currentl list that Vantrosk will look in for "
+    "the currently selected game.\n(Delete in the list)";
+constexpr const char *list_tip =
+    "Where the missions of this game lie. A folder that holds missions of several "
+    "games is marked with a tick (Space): every game looks in it";
 
 } // namespace
 
@@ -109,9 +111,9 @@ void Fm_Folders_Panel::Remove() {
     const QTreeWidgetItem *row = folders_->currentItem();
     if (!row)
         return;
-    Remove_Folder(controls_, QLatin1String(tab_.code),
-                  {row->data(mixed_column, folder_role).toString(),
-                   row->checkState(mixed_column) == Qt::Checked});
+    Remove_Folder(
+        controls_, QLatin1String(tab_.code),
+        {row->data(mixed_column, folder_role).toString(), row->checkState(mixed_column) == Qt::Checked});
     Q_EMIT Changed();
 }
 

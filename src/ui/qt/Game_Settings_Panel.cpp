@@ -15,16 +15,17 @@ namespace vantrosk {
 
 namespace {
 
-constexpr const char *locate_tip =
-    "Locate Your Game Install\nUse this to find the main exe of the selected game.\nVantrosk will let you know "
-    "what the exe file is called, all you need to do is find out where it is.\nVantrosk will then use this file "
-    "to launch each game.";
+constexpr const char *locate_tip = "Locate Your Game Install\nUse this to find the main exe of the selected "
+                                   "game.\nVantrosk will let you know "
+                                   "what the exe file is called, all you need to do is find out where it "
+                                   "is.\nVantrosk will then use this file "
+                                   "to launch each game.";
 constexpr const char *clear_tip =
     "Clear Game\nUse if you have uninstalled a game that you previously used through Vantrosk.\nRemove the "
     "selected game from Vantrosk.";
-constexpr const char *missions_note =
-    "NOTE: you do not need to select each FM zip file in a folder, just one to confirm that Vantrosk will look "
-    "in a folder that has zips in.";
+constexpr const char *missions_note = "NOTE: you do not need to select each FM zip file in a folder, just "
+                                      "one to confirm that Vantrosk will look "
+                                      "in a folder that has zips in.";
 
 QString Program_hint(const Game_Tab &tab) {
     return *tab.program_file ? QStringLiteral("Press … and find %1").arg(QLatin1String(tab.program_file))
@@ -99,10 +100,10 @@ QLayout *Game_Settings_Panel::Make_game_row() {
 
 QLayout *Game_Settings_Panel::Make_editor_row() {
     const QString caption = QLatin1String(tab_.caption);
-    editor_path_ = Make_path(QStringLiteral("settings_editor_"),
-                             QStringLiteral("Editor location of %1").arg(caption),
-                             tab_.editor ? QStringLiteral("Only for those who make missions")
-                                         : QStringLiteral("%1 has no editor of its own").arg(caption));
+    editor_path_ =
+        Make_path(QStringLiteral("settings_editor_"), QStringLiteral("Editor location of %1").arg(caption),
+                  tab_.editor ? QStringLiteral("Only for those who make missions")
+                              : QStringLiteral("%1 has no editor of its own").arg(caption));
     locate_editor_ = Make_button(QStringLiteral("settings_locate_editor_"), QStringLiteral("…"),
                                  QStringLiteral("Locate the editor of %1").arg(caption),
                                  QStringLiteral("Find the program that missions of this game are made with"),

@@ -42,7 +42,8 @@ private:
     const Game_Tab &tab_;
     const QString code_;
     QLineEdit *game_path_ = nullptr, *editor_path_ = nullptr;
-    QPushButton *locate_ = nullptr, *clear_game_ = nullptr, *locate_editor_ = nullptr, *clear_editor_ = nullptr;
+    QPushButton *locate_ = nullptr, *clear_game_ = nullptr, *locate_editor_ = nullptr,
+                *clear_editor_ = nullptr;
     Fm_Folders_Panel *folders_;
 };
 

@@ -46,8 +46,8 @@ Other_Settings_Panel::Other_Settings_Panel(const Program &program, const Setting
     grid->setHorizontalSpacing(settings_gap);
     grid->setVerticalSpacing(settings_gap / 2);
     const QString caption = QStringLiteral("caption");
-    grid->addWidget(Settings_label(QStringLiteral("Other Settings (optional)"), QStringLiteral("strong")), 0, 0,
-                    1, 2);
+    grid->addWidget(Settings_label(QStringLiteral("Other Settings (optional)"), QStringLiteral("strong")), 0,
+                    0, 1, 2);
     grid->addWidget(updates_, 0, 2, 1, 4);
     grid->addWidget(Settings_label(QStringLiteral("Default &Language :"), caption, languages_), 1, 0);
     grid->addWidget(languages_, 1, 1);

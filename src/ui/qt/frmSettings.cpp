@@ -22,12 +22,12 @@ namespace {
 
 constexpr int window_width = 940, window_height = 600;
 
-constexpr const char *hint =
-    "Choose a game's tab, find its program with “…”, then press the green plus and point at one of your missions. "
-    "Auto Configure finds what is installed. Save when all is named.";
-constexpr const char *save_tip =
-    "Save Your Configuration\nClick here to save any changes you have made.\nPlease Note: this may take a few "
-    "seconds and some changes may require a restart of Vantrosk.";
+constexpr const char *hint = "Choose a game's tab, find its program with “…”, then press the green plus and "
+                             "point at one of your missions. "
+                             "Auto Configure finds what is installed. Save when all is named.";
+constexpr const char *save_tip = "Save Your Configuration\nClick here to save any changes you have "
+                                 "made.\nPlease Note: this may take a few "
+                                 "seconds and some changes may require a restart of Vantrosk.";
 
 QFrame *Line() {
     auto *line = new QFrame;
@@ -39,8 +39,9 @@ QFrame *Line() {
 } // namespace
 
 frmSettings::frmSettings(Program &program, QWidget *parent)
-    : QDialog(parent), program_(program), theme_(Make_Theme(program.tweaks)), controls_(Open_Settings(program)),
-      tabs_(Make_tabs()), other_(new Other_Settings_Panel(program, controls_)),
+    : QDialog(parent), program_(program), theme_(Make_Theme(program.tweaks)),
+      controls_(Open_Settings(program)), tabs_(Make_tabs()),
+      other_(new Other_Settings_Panel(program, controls_)),
       auto_configure_(new Auto_Configure_Panel(program, controls_)) {
     setObjectName(QStringLiteral("frmSettings"));
     setWindowTitle(QStringLiteral("Settings"));
@@ -79,11 +80,12 @@ QTabWidget *frmSettings::Make_tabs() {
 }
 
 QWidget *frmSettings::Make_buttons() {
-    auto *save = Settings_button(QStringLiteral("settings_save"), QStringLiteral("&Save"), QStringLiteral("Save"),
-                                 QLatin1String(save_tip));
+    auto *save = Settings_button(QStringLiteral("settings_save"), QStringLiteral("&Save"),
+                                 QStringLiteral("Save"), QLatin1String(save_tip));
     save->setDefault(true);
-    auto *close = Settings_button(QStringLiteral("settings_close"), QStringLiteral("Cancel"),
-                                  QStringLiteral("Cancel"), QStringLiteral("Closes without a change (Escape)"));
+    auto *close =
+        Settings_button(QStringLiteral("settings_close"), QStringLiteral("Cancel"), QStringLiteral("Cancel"),
+                        QStringLiteral("Closes without a change (Escape)"));
     auto *buttons = new QWidget;
     auto *row = new QHBoxLayout(buttons);
     row->setContentsMargins(0, 0, 0, 0);
@@ -109,8 +111,8 @@ void frmSettings::Refresh() {
         const QString state = games_[i]->state();
         const bool is_set_up = state == QLatin1String("Set up");
         tabs_->setTabToolTip(static_cast<int>(i), state);
-        tabs_->setTabIcon(static_cast<int>(i), is_set_up ? Line_icon(QStringLiteral("installed"), QColor(ink::ready))
-                                                         : QIcon());
+        tabs_->setTabIcon(static_cast<int>(i),
+                          is_set_up ? Line_icon(QStringLiteral("installed"), QColor(ink::ready)) : QIcon());
     }
 }
 
