@@ -13,6 +13,8 @@ namespace vantrosk {
 namespace {
 
 constexpr const char *log_rule = "##############################";
+constexpr qsizetype long_name = 34; ///< characters
+constexpr int name_points = 14, long_name_points = 12;
 
 bool Has_selection(const Fm_List &list) {
     const bool only_the_empty_row = list.rows.size() == 1 && list.rows[0].cells[col_zip].isEmpty();
@@ -187,6 +189,12 @@ void Look_at_zip(Program &program, Info_Run &run) {
 QString In_info(const Program &program, const QString &name) {
     const QString folder = program.paths.info.chopped(1);
     return name.isEmpty() ? folder : folder + "\\" + name;
+}
+
+int Name_Points(const Program &program) {
+    if (program.fm.VKML_readme.isEmpty())
+        return 0;
+    return program.screen.details.name.size() < long_name ? name_points : long_name_points;
 }
 
 void Get_Info(Program &program, const QString &zip_name) {

@@ -79,12 +79,17 @@ void Insert_record(Program &program, Scan &scan, const Zip_Record &zip) {
         return;
     if (scan.insert_failure)
         return;
+    // Two folders may hold a zip of one name: their rows share a record.
+    const QString added = zip.zip_name.toLower() + "\n" + zip.game;
+    if (scan.added.contains(added))
+        return;
     Set_Status_Panel(program, 1, "Adding " + zip.zip_name + " to database");
     try {
         if (!scan.is_adding)
             db_Begin(program);
         scan.is_adding = true;
         db_Execute(program, Insert_statement(zip));
+        scan.added.insert(added);
         Write_debug_log(program, "FM added to database");
     } catch (const Program_Error &error) {
         Note_failure(program, scan, error);

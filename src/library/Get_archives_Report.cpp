@@ -120,6 +120,7 @@ void Store_statistics(Program &program, const Scan &scan) {
                                 .arg(found.completed)
                                 .arg(found.saves) +
                             name + " and list_number = " + number);
+    Load_Library_Summary(program);
     program.ui.games_changed();
 }
 

@@ -6,6 +6,7 @@
 #include "zip/mUnzip.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -51,6 +52,7 @@ struct Scan {
     QString installed_zip;
     QString installed_caption;
     bool is_adding = false;                      ///< records were added that are not yet kept
+    QSet<QString> added;                         ///< lower-case zip name and game of those records
     std::optional<Program_Error> insert_failure; ///< the first one; after it no more records are added
 
     bool is_custom() const { return key == QLatin1String("CUSTOM"); }

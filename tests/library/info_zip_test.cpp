@@ -137,6 +137,21 @@ TEST_F(Info_Zip, A_vkml_readme_gives_fields_and_page) {
     EXPECT_TRUE(page().contains("<td class='VKSUBTITLE'>A 'Thief 2' Fan Mission</td>"));
 }
 
+TEST_F(Info_Zip, A_long_name_of_a_vkml_readme_takes_smaller_letters) {
+    const auto points = [&](int characters) {
+        const QByteArray name(characters, 'n');
+        examine({a_mission, {"readme.vkml", "[VKCENTER][VKTITLE]" + name + "[/VKTITLE][VKNL]\n", {}}});
+        EXPECT_EQ(details().name.size(), characters);
+        return Name_Points(program);
+    };
+    EXPECT_EQ(points(1), 14);
+    EXPECT_EQ(points(33), 14);
+    EXPECT_EQ(points(34), 12);
+    EXPECT_EQ(points(200), 12);
+    examine({a_mission, text_readme});
+    EXPECT_EQ(Name_Points(program), 0);
+}
+
 namespace {
 
 const Zip_Entry rtf_readme{

@@ -153,11 +153,16 @@ TEST(Scan, Only_zips_and_shock_missions_are_looked_at) {
 TEST(Scan, Two_folders_with_one_file_name_give_two_rows_sharing_one_record) {
     Scan_World world;
     world.mission("vault.zip");
-    world.zip("more/vault.zip", {{"miss20.mis", "m", {}}, {"readme.txt", vault_readme, {}}});
+    world.zip("more/VAULT.zip", {{"miss20.mis", "m", {}}, {"readme.txt", vault_readme, {}}});
     world.program().ini.T2_LOCATION = Join_folder_list({world.windows("zips"), world.windows("more")});
+    for (int scan = 1; scan <= 2; ++scan) {
+        world.scan();
+        EXPECT_EQ(world.listed(), QStringList({"Original", "vault.zip", "VAULT.zip"})) << scan;
+        EXPECT_EQ(world.records().size(), 1) << scan;
+    }
+    db_Execute(world.program(), "UPDATE Table_Scores SET score = 9");
     world.scan();
-    world.scan();
-    EXPECT_EQ(world.listed(), QStringList({"Original", "vault.zip", "vault.zip"}));
+    EXPECT_EQ(world.list().rows[1].cells[col_score] + world.list().rows[2].cells[col_score], "99");
     EXPECT_EQ(world.program().CURRENT_LOCATION, world.windows("more"));
 }
 

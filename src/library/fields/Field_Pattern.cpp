@@ -59,4 +59,9 @@ QString Without_leading_colon(const QString &text) {
     return trimmed.startsWith(u':') ? trimmed.mid(1).trimmed() : trimmed;
 }
 
+QString Without_controls(QString text) {
+    text.removeIf([](QChar character) { return character < u' ' || character == QChar(0x7F); });
+    return text;
+}
+
 } // namespace vantrosk

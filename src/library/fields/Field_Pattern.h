@@ -26,5 +26,8 @@ QChar First_character(QStringView line);
 QString Behind_first(const QString &line, QChar mark);
 /// Trimmed, less one leading ":", trimmed again.
 QString Without_leading_colon(const QString &text);
+/// Less what a terminal or a statement would take for more than a sign: the control characters below the
+/// blank.
+QString Without_controls(QString text);
 
 } // namespace vantrosk

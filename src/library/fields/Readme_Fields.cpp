@@ -143,7 +143,7 @@ QString First_value(const QString &line, const std::array<Field_Rule, Count> &ru
     for (std::size_t i = 0; i < Count; ++i) {
         if (!Rule_applies(rules[i], prepared) || !made.patterns[i].matches(prepared))
             continue;
-        QString value = Cut_value(prepared, rules[i]);
+        QString value = Without_controls(Cut_value(prepared, rules[i]));
         if (!value.isEmpty())
             return value;
     }
@@ -188,7 +188,8 @@ QString Game_of_line(const QString &line) {
 
 QString Label_value(const QString &line, const QString &pattern) {
     const QString prepared = Prepared_line(line);
-    return Made_pattern(pattern).matches(prepared) ? Behind_first(prepared, u':').trimmed() : QString();
+    return Made_pattern(pattern).matches(prepared) ? Without_controls(Behind_first(prepared, u':')).trimmed()
+                                                   : QString();
 }
 
 bool Label_present(const QString &line, const QString &pattern) {
@@ -208,7 +209,9 @@ QString Tidy_name(const QString &text, bool the_swap) {
 }
 
 QString Vkml_title_of_line(const QString &line) {
-    return Holds(line, "[VKTITLE]") ? Untagged(line, "[VKCENTER][VKTITLE]", "[/VKTITLE][VKNL]") : QString();
+    if (!Holds(line, "[VKTITLE]"))
+        return {};
+    return Without_controls(Untagged(line, "[VKCENTER][VKTITLE]", "[/VKTITLE][VKNL]"));
 }
 
 QString Vkml_author_of_line(const QString &line) {

@@ -1,6 +1,5 @@
 #include "ui/console/Console_Commands.h"
 
-#include "core/Games.h"
 #include "core/Ini_Rules.h"
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
@@ -8,7 +7,6 @@
 #include "install/Play.h"
 #include "install/undo/Undo_List.h"
 #include "library/Fm_List_View.h"
-#include "library/Get_archives.h"
 #include "ui/console/Console_Json.h"
 #include "ui/console/Console_Render.h"
 #include "ui/console/Console_Words.h"
@@ -134,7 +132,7 @@ Console_Result Scan_command(const Console_Context &context) {
             throw Wrong_Usage(QStringLiteral("usage: vantrosk-cli %1").arg(QLatin1String(scan_usage)));
     }
     Program &program = context.program;
-    Get_archives_of_game(program, Game_of_word(context.arguments[0]).code, filter);
+    Fill_list_of_word(program, context.arguments[0], filter);
     Console_Result result;
     result.json = Scan_json(program);
     result.lines << program.scan.caption << Table_of_rows(program);
@@ -149,10 +147,9 @@ constexpr const char *info_usage = "info GAME ZIP";
 Console_Result Info_command(const Console_Context &context) {
     Expect_count(context, 2, 2, info_usage);
     Program &program = context.program;
-    const Game &game = Game_of_word(context.arguments[0]);
-    Get_archives_of_game(program, game.code);
+    const QString list = Fill_list_of_word(program, context.arguments[0]);
     if (!Select_row(program, context.arguments[1]))
-        return Failed(Not_in_list(game, context.arguments[1]));
+        return Failed(Not_in_list(list, context.arguments[1]));
     Console_Result result;
     const QJsonObject object = Info_json(program);
     result.json = object;
@@ -166,10 +163,10 @@ Console_Result Info_command(const Console_Context &context) {
 
 // ---- install, restore, play ----
 
-Console_Result Install_row(const Console_Context &context, const Game &game, const QString &zip) {
+Console_Result Install_row(const Console_Context &context, const QString &list, const QString &zip) {
     Program &program = context.program;
     if (!Select_row(program, zip))
-        return Failed(Not_in_list(game, zip));
+        return Failed(Not_in_list(list, zip));
     context.ui.forget_panel_texts();
     const bool done = Install_Command(program);
     const QString row = program.FM_PANEL;
@@ -190,19 +187,17 @@ constexpr const char *restore_usage = "restore GAME [ROW]";
 
 Console_Result Install_command(const Console_Context &context) {
     Expect_count(context, 2, 2, install_usage);
-    const Game &game = Game_of_word(context.arguments[0]);
-    Get_archives_of_game(context.program, game.code);
-    return Install_row(context, game, context.arguments[1]);
+    const QString list = Fill_list_of_word(context.program, context.arguments[0]);
+    return Install_row(context, list, context.arguments[1]);
 }
 
 Console_Result Restore_command(const Console_Context &context) {
     Expect_count(context, 1, 2, restore_usage);
-    const Game &game = Game_of_word(context.arguments[0]);
-    Get_archives_of_game(context.program, game.code);
+    const QString list = Fill_list_of_word(context.program, context.arguments[0]);
     const QString row = Row_name(context.program, context.arguments.value(1, "Original"));
     if (!Is_original_row(row))
         return Failed(QStringLiteral("\"%1\" is no row of original missions").arg(row));
-    return Install_row(context, game, row);
+    return Install_row(context, list, row);
 }
 
 constexpr const char *play_usage = "play GAME ZIP|Original [--wait]";
@@ -213,10 +208,9 @@ Console_Result Play_command(const Console_Context &context) {
     if (wait && context.arguments[2] != "--wait")
         throw Wrong_Usage(QStringLiteral("usage: vantrosk-cli %1").arg(QLatin1String(play_usage)));
     Program &program = context.program;
-    const Game &game = Game_of_word(context.arguments[0]);
-    Get_archives_of_game(program, game.code);
+    const QString list = Fill_list_of_word(program, context.arguments[0]);
     if (!Select_row(program, context.arguments[1]))
-        return Failed(Not_in_list(game, context.arguments[1]));
+        return Failed(Not_in_list(list, context.arguments[1]));
     const Play_Result played = Play_Command(program);
     while (wait && played.started && program.platform.processes->is_running(played.start.process_id))
         program.clock.sleep(50);

@@ -51,7 +51,7 @@ QJsonObject Scan_json(const Program &program) {
         rows.append(Row_json(row));
     const Scan_Summary &scan = program.scan;
     return {
-        {"game", scan.game},
+        {"game", scan.game == QLatin1String("CUSTOM") ? program.custom_name : scan.game},
         {"caption", scan.caption},
         {"zip_count", scan.zip_count},
         {"total_size", scan.total_size},

@@ -60,8 +60,9 @@ QStringList Help_lines() {
                      .arg(QLatin1String(command.does));
     return lines
            << ""
-           << "GAME is one of T1, TG, T2, T3, T2X, DM, DMOD, DOOM, SS2. Questions are answered from --answer"
-           << "in order (yes, no, ok, cancel, or a text), then by their defaults.";
+           << "GAME is one of T1, TG, T2, T3, T2X, DM, DMOD, DOOM, SS2, or the name of a custom game. "
+              "Questions are"
+           << "answered from --answer in order (yes, no, ok, cancel, or a text), then by their defaults.";
 }
 
 const Console_Command &Command_of(const QString &name) {

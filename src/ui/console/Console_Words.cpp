@@ -2,7 +2,9 @@
 
 #include "core/Games.h"
 #include "core/Program.h"
+#include "library/Custom_Archives.h"
 #include "library/Fm_List_View.h"
+#include "library/Get_archives.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,13 +25,34 @@ void Expect_count(const Console_Context &context, int least, int most, const cha
         throw Wrong_Usage(QStringLiteral("usage: vantrosk-cli %1").arg(QLatin1String(usage)));
 }
 
+namespace {
+
+/// Doom 3 missions stand in the list of The Dark Mod.
+const Game *Built_in_game(const QString &word) {
+    return Find_Game(word.compare("DOOM", Qt::CaseInsensitive) == 0 ? QStringLiteral("DMOD") : word);
+}
+
+[[noreturn]] void No_such_game(const QString &word) {
+    throw Wrong_Usage(QStringLiteral("there is no game \"%1\"").arg(word));
+}
+
+} // namespace
+
 const Game &Game_of_word(const QString &word) {
-    // Doom 3 missions stand in the list of The Dark Mod.
-    const QString code = word.compare("DOOM", Qt::CaseInsensitive) == 0 ? QStringLiteral("DMOD") : word;
-    const Game *game = Find_Game(code);
+    const Game *game = Built_in_game(word);
     if (!game)
-        throw Wrong_Usage(QStringLiteral("there is no game \"%1\"").arg(word));
+        No_such_game(word);
     return *game;
+}
+
+QString Fill_list_of_word(Program &program, const QString &word, int filter) {
+    if (const Game *game = Built_in_game(word)) {
+        Get_archives_of_game(program, game->code, filter);
+        return QLatin1String(game->code);
+    }
+    if (word.isEmpty() || !Get_archives_of_custom_game(program, word, filter))
+        No_such_game(word);
+    return program.custom_name;
 }
 
 Console_Result Failed(const QString &reason, const QJsonValue &json) {
@@ -64,8 +87,8 @@ bool Select_row(Program &program, const QString &zip) {
     return true;
 }
 
-QString Not_in_list(const Game &game, const QString &zip) {
-    return QStringLiteral("\"%1\" is not in the list of %2").arg(zip, QLatin1String(game.code));
+QString Not_in_list(const QString &list, const QString &zip) {
+    return QStringLiteral("\"%1\" is not in the list of %2").arg(zip, list);
 }
 
 } // namespace vantrosk

@@ -12,6 +12,9 @@ struct Game;
 void Expect_count(const Console_Context &context, int least, int most, const char *usage);
 /// The game of a code; throws `Wrong_Usage` when there is none.
 const Game &Game_of_word(const QString &word);
+/// Fills the list of a game's code or of a custom game's name; the list's name for messages. Throws
+/// `Wrong_Usage` when there is no such game.
+QString Fill_list_of_word(Program &program, const QString &word, int filter = 0);
 /// Exit code 1 with the reason.
 Console_Result Failed(const QString &reason, const QJsonValue &json = {});
 /// A path given on the command line as a Windows path; one that is a Windows path already stays.
@@ -21,6 +24,6 @@ QString Path_at_the_door(const Program &program, const QString &path);
 QString Row_name(const Program &program, const QString &word);
 /// Selects a row of the filled list as a click would; false when the list has none of that name.
 bool Select_row(Program &program, const QString &zip);
-QString Not_in_list(const Game &game, const QString &zip);
+QString Not_in_list(const QString &list, const QString &zip);
 
 } // namespace vantrosk

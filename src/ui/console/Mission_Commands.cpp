@@ -1,11 +1,9 @@
 #include "ui/console/Mission_Commands.h"
 
-#include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
 #include "install/undo/Undo_List.h"
 #include "library/Fm_List_Save.h"
-#include "library/Get_archives.h"
 #include "library/fields/Readme_Fields.h"
 #include "readme/Rtf_Reader.h"
 #include "ui/console/Console_Json.h"
@@ -99,12 +97,11 @@ QJsonObject Fields_json(const Readme_Fields &fields) {
 
 Console_Result Score_command(const Console_Context &context) {
     Expect_count(context, 2, 8, score_usage);
-    const Game &game = Game_of_word(context.arguments[0]);
     const Wanted_Fields wanted = Wanted_by(context.arguments.mid(2));
     Program &program = context.program;
-    Get_archives_of_game(program, game.code);
+    const QString list = Fill_list_of_word(program, context.arguments[0]);
     if (!Select_row(program, context.arguments[1]))
-        return Failed(Not_in_list(game, context.arguments[1]));
+        return Failed(Not_in_list(list, context.arguments[1]));
     if (Is_original_row(program.FM_PANEL))
         return Failed(QStringLiteral("original missions have no score"));
     Take_over(program.screen.details, wanted);
@@ -122,11 +119,10 @@ Console_Result Score_command(const Console_Context &context) {
 
 Console_Result Reset_command(const Console_Context &context) {
     Expect_count(context, 2, 2, reset_usage);
-    const Game &game = Game_of_word(context.arguments[0]);
     Program &program = context.program;
-    Get_archives_of_game(program, game.code);
+    const QString list = Fill_list_of_word(program, context.arguments[0]);
     if (!Select_row(program, context.arguments[1]))
-        return Failed(Not_in_list(game, context.arguments[1]));
+        return Failed(Not_in_list(list, context.arguments[1]));
     if (!program.screen.details.reset_enabled)
         return Failed(QStringLiteral("\"%1\" has nothing to reset").arg(context.arguments[1]));
     const bool reset = Reset_Fm(program);
