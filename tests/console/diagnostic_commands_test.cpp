@@ -107,5 +107,19 @@ TEST_F(Diagnostic_Commands, A_page_that_can_not_be_written_is_a_failure) {
     EXPECT_FALSE(found.err.last().isEmpty());
 }
 
+TEST_F(Diagnostic_Commands, An_install_leaves_a_listing_when_the_user_wants_one) {
+    ASSERT_EQ(run({"install", "T2", "frost.zip"}).exit_code, 0);
+    EXPECT_EQ(Names(world.snapshot("home/references")), QStringList{});
+    ASSERT_FALSE(world.platform.settings->set_value("GAMEDIAG", "REFERENCE_AFTER_INSTALL", "1"));
+    ASSERT_EQ(run({"restore", "T2"}).exit_code, 0);
+    EXPECT_EQ(Names(world.snapshot("home/references")), QStringList{});
+    ASSERT_EQ(run({"install", "T2", "frost.zip"}).exit_code, 0);
+    const QString name = "DIAG_T2_Killing Frost.VKDR";
+    EXPECT_EQ(Names(world.snapshot("home/references")), QStringList{name});
+    const QJsonObject found = run({"--json", "diagnose", "T2", "--reference", name}).json();
+    EXPECT_EQ(found["unexpected"].toArray(), list({}));
+    EXPECT_EQ(found["different"].toArray(), list({}));
+}
+
 } // namespace
 } // namespace vantrosk

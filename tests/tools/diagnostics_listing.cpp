@@ -171,5 +171,32 @@ TEST_F(Diagnostics, The_game_path_comes_from_the_settings_and_that_of_thief_3_is
     EXPECT_EQ(Diag_folder(program, "SS2"), "");
 }
 
+TEST_F(Diagnostics, After_an_install_the_folder_is_listed_when_the_user_wants_it) {
+    put("thief2.exe", "x");
+    Program &program = world.program();
+    program.CURRENT_GAME = "T2";
+    program.CURRENT_GAME_PATH = game();
+    program.FM_PANEL = "frost.zip";
+    Fm_Row row;
+    row.cells[col_zip] = "Frost.zip";
+    row.cells[col_name] = "Killing: Frost";
+    program.screen.list.rows = {row};
+    EXPECT_FALSE(Wants_reference_after_install(program));
+    EXPECT_EQ(Create_reference_after_install(program), "");
+    ASSERT_FALSE(Set_reference_after_install(program, true));
+    EXPECT_TRUE(Wants_reference_after_install(world.program()));
+    EXPECT_EQ(Create_reference_after_install(program), "DIAG_T2_Killing_ Frost.VKDR");
+    EXPECT_EQ(reference("DIAG_T2_Killing_ Frost.VKDR")[1],
+              "INFO: After FM install Reference File For Killing: Frost on game Thief The Metal Age");
+    program.FM_PANEL = "Original";
+    EXPECT_EQ(Create_reference_after_install(program), "");
+    program.FM_PANEL = "unlisted.zip";
+    program.CURRENT_GAME = "My Quake";
+    EXPECT_EQ(Create_reference_after_install(program), "DIAG_My Quake_unlisted.zip.VKDR");
+    ASSERT_FALSE(Set_reference_after_install(program, false));
+    EXPECT_EQ(Create_reference_after_install(program), "");
+    EXPECT_EQ(references().size(), 2);
+}
+
 } // namespace
 } // namespace vantrosk

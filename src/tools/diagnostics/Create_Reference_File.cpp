@@ -3,13 +3,18 @@
 #include "tools/diagnostics/Reference_File.h"
 #include "tools/diagnostics/Reference_Names.h"
 
+#include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFile_Functions.h"
+#include "install/undo/Undo_List.h"
 
 namespace vantrosk {
 
 namespace {
+
+const QString settings_section = QStringLiteral("GAMEDIAG"),
+              after_install_key = QStringLiteral("REFERENCE_AFTER_INSTALL");
 
 struct Listing {
     int count = 0;
@@ -61,6 +66,26 @@ QString create_reference_file(Program &program, const QString &game_folder, cons
         created = name;
     });
     return created;
+}
+
+bool Wants_reference_after_install(const Program &program) {
+    return program.platform.settings->value(settings_section, after_install_key) == QLatin1String("1");
+}
+
+Fault Set_reference_after_install(Program &program, bool wanted) {
+    return program.platform.settings->set_value(settings_section, after_install_key, wanted ? "1" : "0");
+}
+
+QString Create_reference_after_install(Program &program) {
+    const QString zip = program.FM_PANEL;
+    if (zip.isEmpty() || Is_original_row(zip) || !Wants_reference_after_install(program))
+        return {};
+    const Fm_List &list = program.screen.list;
+    const int row = list.find_zip(zip);
+    const QString name = row < 0 ? QString() : list.rows[static_cast<std::size_t>(row)].cells[col_name];
+    const QString game = Game_Text(program.CURRENT_GAME);
+    return create_reference_file(program, program.CURRENT_GAME_PATH,
+                                 game.isEmpty() ? program.CURRENT_GAME : game, name.isEmpty() ? zip : name);
 }
 
 } // namespace vantrosk

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "platform/Fault.h"
 
-#include <functional>
+#include <QString>
 
 namespace vantrosk {
 
@@ -19,5 +18,13 @@ struct Program;
 /// from its root, also when its "SYSTEM" folder is given. `game_folder` is a Windows path.
 QString create_reference_file(Program &program, const QString &game_folder, const QString &game_name,
                               const QString &fm_name = {});
+
+/// Whether the user wants a listing after each install of a mission; kept in the per-user store, off at
+/// first.
+bool Wants_reference_after_install(const Program &program);
+Fault Set_reference_after_install(Program &program, bool wanted);
+/// For whoever has just installed the selected row: lists the game's folder under the mission's name when the
+/// user wants it. The name of the file; empty for none, and for the game's own missions.
+QString Create_reference_after_install(Program &program);
 
 } // namespace vantrosk

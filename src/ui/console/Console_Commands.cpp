@@ -170,6 +170,8 @@ Console_Result Install_row(const Console_Context &context, const QString &list, 
     context.ui.forget_panel_texts();
     const bool done = Install_Command(program);
     const QString row = program.FM_PANEL;
+    if (done)
+        Create_reference_after_install(program);
     const bool installed =
         done && IsCurrentlyInstalled(program, program.CURRENT_GAME_PATH, row, program.CURRENT_GAME);
     Console_Result result;

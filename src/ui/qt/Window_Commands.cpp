@@ -1,5 +1,7 @@
 #include "Window_Commands.h"
 
+#include "tools/diagnostics/Game_Diagnostic.h"
+
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
@@ -86,7 +88,8 @@ void Window_Commands::Play() {
 void Window_Commands::Install() {
     Run(QStringLiteral("cmdInstall_Click"), [this] {
         Finish_play();
-        Install_Command(program_);
+        if (Install_Command(program_))
+            Create_reference_after_install(program_);
     });
 }
 
