@@ -6,6 +6,7 @@
 #include "ui/qt/Notes_Window.h"
 #include "ui/qt/Set_Up_Game.h"
 #include "ui/qt/Trace_Console_Window.h"
+#include "ui/qt/frmGameDiag.h"
 #include "ui/qt/frmSettings.h"
 
 #include <QAbstractButton>
@@ -100,6 +101,8 @@ TEST(Access, So_has_every_control_of_the_dialogs) {
     Expect_accessible(Full_Lite_Question(nullptr));
     Expect_accessible(frmSettings(world.program(), nullptr));
     Expect_accessible(Trace_Console_Window(world.program(), world.ui));
+    Expect_accessible(
+        frmGameDiag(world.program(), world.ui, Make_Theme(world.program().tweaks), "T2", nullptr));
     for (const Buttons buttons : {Buttons::ok, Buttons::ok_cancel, Buttons::yes_no})
         Expect_accessible(*Make_box({Box_Kind::question, "t", "x", buttons, Answer::no}, nullptr));
     for (const Buttons buttons : {Buttons::ok, Buttons::ok_cancel, Buttons::yes_no})
@@ -147,8 +150,8 @@ TEST(Access, Without_a_game_an_entry_that_needs_one_is_off_and_says_why) {
             else
                 EXPECT_TRUE(action->toolTip().contains(": ")) << action->text().toStdString();
         }
-    EXPECT_EQ(usable.join(u'|'),
-              "Set up a game…|Settings…|Exit|" + world.program().screen.menu.mode + "|About Vantrosk");
+    EXPECT_EQ(usable.join(u'|'), "Set up a game…|Settings…|Exit|" + world.program().screen.menu.mode +
+                                     "|General Tools|About Vantrosk");
     world.Set_up_game("T2");
     for (const char *name : {"action_Find", "action_Taller_list", "action_Go_to_the_list"}) {
         EXPECT_TRUE(window.findChild<QAction *>(name)->isEnabled()) << name;
@@ -165,7 +168,7 @@ TEST(Access, Letters_are_unique_within_a_menu_and_every_entry_of_ours_has_one) {
         EXPECT_TRUE(top.insert(Mnemonic(action->text())).second) << action->text().toStdString();
         menus << action->menu();
     }
-    EXPECT_EQ(menus.size(), 4);
+    EXPECT_EQ(menus.size(), 5);
     for (const QMenu *menu : menus) {
         std::set<QChar> letters;
         for (const QAction *action : menu->actions()) {

@@ -101,6 +101,11 @@ bool Is_reference(const QByteArray &bytes) {
 
 } // namespace
 
+bool Is_offer_link(const QString &address) {
+    return address.contains(QLatin1String("newreffiles.htm?")) &&
+           (address.contains(single_word) || address.contains(all_word) || address.contains(close_word));
+}
+
 QString Reference_Downloads::page_path() const {
     return program_.paths.temp + QStringLiteral("newreffiles.htm");
 }

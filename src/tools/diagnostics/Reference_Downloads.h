@@ -24,6 +24,9 @@ enum class Offer_View {
     closed     ///< "about:blank", and the browser is hidden
 };
 
+/// Whether an address is an act of the offers page, and not to be followed.
+bool Is_offer_link(const QString &address);
+
 /// The reference files that can be had from the community server: asked for, offered as a page whose links
 /// are acts, fetched into `references` and recorded in `table_game_refs`. Names come from the server: one
 /// that is no plain file name is never offered.

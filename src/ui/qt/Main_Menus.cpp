@@ -52,6 +52,7 @@ void frmMain::Make_menus() {
     menuBar()->setNativeMenuBar(false);
     Make_file_menu();
     Make_view_menu();
+    Make_tools_menu();
     Make_games_menu();
     Make_filter_menus(view_menu_, games_menu_);
     Make_help_menu();

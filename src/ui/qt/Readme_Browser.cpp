@@ -165,6 +165,9 @@ void Readme_Browser::Make_view() {
             [this](QWebEnginePage::RenderProcessTerminationStatus status, int code) {
                 Take_stop(How_it_ended(status, code));
             });
+    page_->take_link = [this](const QUrl &link) {
+        return take_link && take_link(link);
+    };
     connect(page_, &Readme_Page::Link_clicked, this, &Readme_Browser::Link_clicked);
     connect(page_, &QWebEnginePage::linkHovered, this,
             [this](const QString &link) { Show_address_of(QUrl(link)); });

@@ -89,6 +89,8 @@ public:
 
     /// More entries for the menu, from whoever holds this browser.
     std::function<void(QMenu &)> add_to_menu;
+    /// Asked before a clicked link is followed; true when it was an act and not an address.
+    std::function<bool(const QUrl &)> take_link;
 
 Q_SIGNALS:
     void Link_clicked(const QUrl &address);

@@ -204,6 +204,8 @@ bool Readme_Page::acceptNavigationRequest(const QUrl &address, NavigationType ty
         return false;
     switch (type) {
     case NavigationTypeLinkClicked:
+        if (take_link && take_link(address))
+            return false;
         if (folders_.Holds(address))
             return true;
         Click(address);

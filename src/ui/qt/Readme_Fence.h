@@ -68,6 +68,9 @@ class Readme_Page : public QWebEnginePage {
 public:
     Readme_Page(QWebEngineProfile *profile, const Readme_Folders &folders, QObject *parent);
 
+    /// Asked first about a clicked link; true when it was an act and not an address.
+    std::function<bool(const QUrl &)> take_link;
+
 Q_SIGNALS:
     void Link_clicked(const QUrl &address);
 

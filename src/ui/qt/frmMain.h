@@ -59,6 +59,7 @@ public:
     void Show_settings();
     /// Lists the first game that has both folders, unless a list is there already.
     void Scan_first_game();
+    void Show_game_diagnostic();
     /// The details section as the mode wants it, the columns as the tweaks want them.
     void Position_panels();
     /// The menu entry of the trace console comes or goes.
@@ -84,6 +85,7 @@ private:
     void Make_menus();
     void Make_file_menu();
     void Make_view_menu();
+    void Make_tools_menu();
     void Make_games_menu();
     void Make_help_menu();
     QAction *Add_action(QMenu *menu, const QString &text, const QString &keys, const QString &tip,
