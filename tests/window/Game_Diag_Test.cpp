@@ -1,8 +1,8 @@
+#include "tools/diagnostics/Game_Diagnostic.h"
 #include "window/Window_World.h"
 
 #include "core/Games.h"
 #include "support/Local_Server.h"
-#include "tools/diagnostics/Game_Diagnostic.h"
 #include "ui/qt/Diag_Game_Panel.h"
 #include "ui/qt/Diag_Settings_Panel.h"
 #include "ui/qt/Readme_Browser.h"
@@ -44,8 +44,8 @@ protected:
         world.files.write("home/references/DIAG_T2X_a.VKDR", "INFO:other\r\n");
     }
     frmGameDiag &Open(const QString &code = "T2") {
-        tool_ = std::make_unique<frmGameDiag>(world.program(), world.ui, Make_Theme(world.program().tweaks), code,
-                                              nullptr);
+        tool_ = std::make_unique<frmGameDiag>(world.program(), world.ui, Make_Theme(world.program().tweaks),
+                                              code, nullptr);
         tool_->show();
         QCoreApplication::processEvents();
         return *tool_;
@@ -69,7 +69,8 @@ protected:
         return names;
     }
     bool Wait_for_page() {
-        return Window_World::Wait_until([this] { return tool_->report->has_page() && !tool_->report->is_loading(); });
+        return Window_World::Wait_until(
+            [this] { return tool_->report->has_page() && !tool_->report->is_loading(); });
     }
     QString Page_text() {
         std::optional<QString> text;
@@ -135,8 +136,9 @@ TEST_F(Game_Diag, A_diagnosis_shows_its_report_and_lets_export) {
     EXPECT_TRUE(text.contains("Using Reference File: DIAG_T2_a.VKDR")) << text.toStdString();
     EXPECT_TRUE(text.contains("thief2.exe"));
     EXPECT_TRUE(text.contains("Missing Files"));
-    EXPECT_EQ(find<QLabel>("diag_found")->text(), "1 files: 0 as they should be, 0 not expected, 1 different, 0 of "
-                                                  "Vantrosk, 1 missing.");
+    EXPECT_EQ(find<QLabel>("diag_found")->text(),
+              "1 files: 0 as they should be, 0 not expected, 1 different, 0 of "
+              "Vantrosk, 1 missing.");
     EXPECT_TRUE(find<QProgressBar>("diag_progress")->isHidden());
     EXPECT_EQ(find<QProgressBar>("diag_progress")->maximum(), 2);
     EXPECT_TRUE(tool().report->isVisible());
@@ -265,7 +267,8 @@ TEST_F(Game_Diag, A_click_on_an_offer_acts_and_is_not_followed) {
     ASSERT_TRUE(Wait_for_page());
     std::optional<QVariant> place;
     tool().report->view()->page()->runJavaScript(
-        "var r = document.querySelector(\"a[href*=CloseVKWindow]\").getBoundingClientRect(); [r.x + 9, r.y + 5]",
+        "var r = document.querySelector(\"a[href*=CloseVKWindow]\").getBoundingClientRect(); [r.x + 9, r.y + "
+        "5]",
         QWebEngineScript::ApplicationWorld, [&place](const QVariant &value) { place = value; });
     ASSERT_TRUE(Window_World::Wait_until([&place] { return place.has_value(); }));
     const QVariantList at = place->toList();

@@ -1,12 +1,12 @@
 #include "Diag_Game_Panel.h"
 
 #include "Qt_Ui.h"
-
-#include "core/Program.h"
-#include "core/mdlFile_Functions.h"
 #include "tools/diagnostics/Diagnose_Install.h"
 #include "tools/diagnostics/Reference_File.h"
 #include "tools/diagnostics/Reference_Names.h"
+
+#include "core/Program.h"
+#include "core/mdlFile_Functions.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -40,8 +40,8 @@ QString Numbers(const Diagnosis &found) {
                             .arg(found.own.size())
                             .arg(found.missing.size())};
     if (!found.folder_exists)
-        numbers[0] = QStringLiteral("The game folder does not exist; %1 files are missing.")
-                         .arg(found.missing.size());
+        numbers[0] =
+            QStringLiteral("The game folder does not exist; %1 files are missing.").arg(found.missing.size());
     if (!found.unreadable.isEmpty())
         numbers << QStringLiteral("%1 folders could not be read.").arg(found.unreadable.size());
     return numbers.join(u' ');
@@ -53,11 +53,11 @@ Diag_Game_Panel::Diag_Game_Panel(Program &program, Qt_Ui &ui, QWidget *parent)
     : QWidget(parent), program_(program), ui_(ui), references_(new QListWidget), info_(new QPlainTextEdit),
       found_(new QLabel) {
     setObjectName(QStringLiteral("diag_game_panel"));
-    game_path_ =
-        Make_path_field(QStringLiteral("diag_game_path"), QStringLiteral("The folder that is looked through"));
-    saves_path_ = Make_path_field(
-        QStringLiteral("diag_saves_path"),
-        QStringLiteral("Only Use if the save game path is outside the game paths folder."));
+    game_path_ = Make_path_field(QStringLiteral("diag_game_path"),
+                                 QStringLiteral("The folder that is looked through"));
+    saves_path_ =
+        Make_path_field(QStringLiteral("diag_saves_path"),
+                        QStringLiteral("Only Use if the save game path is outside the game paths folder."));
     game_path_->setAccessibleName(QStringLiteral("Game Path"));
     saves_path_->setAccessibleName(QStringLiteral("Saves Path"));
     diagnose_ = Make_button(QStringLiteral("diag_diagnose"), QStringLiteral("&Diagnose Install"),
@@ -196,8 +196,9 @@ QString Diag_Game_Panel::reference() const {
 void Diag_Game_Panel::Show_info() {
     const bool is_none = reference() == QLatin1String(no_reference);
     info_->setPlainText(
-        is_none ? QString()
-                : Shown_info(Read_reference(program_, program_.paths.references + reference(), {})).trimmed());
+        is_none
+            ? QString()
+            : Shown_info(Read_reference(program_, program_.paths.references + reference(), {})).trimmed());
 }
 
 void Diag_Game_Panel::Show_diagnosis(const Diagnosis &diagnosis) {

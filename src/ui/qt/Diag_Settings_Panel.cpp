@@ -1,8 +1,9 @@
 #include "Diag_Settings_Panel.h"
 
+#include "tools/diagnostics/Game_Diagnostic.h"
+
 #include "core/Program.h"
 #include "core/mdlFormDisplayFunctions.h"
-#include "tools/diagnostics/Game_Diagnostic.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -54,9 +55,10 @@ Diag_Settings_Panel::Diag_Settings_Panel(Program &program, QWidget *parent)
                                           "date. The tool looks through a game's folder, six folders deep, "
                                           "and tells what differs from such a file."),
                            "second"));
-    column->addWidget(Text(QStringLiteral("What a file holds is not compared. Nothing in the game's folder is "
-                                          "changed."),
-                           "second"));
+    column->addWidget(
+        Text(QStringLiteral("What a file holds is not compared. Nothing in the game's folder is "
+                            "changed."),
+             "second"));
     column->addStretch();
     connect(after_install_, &QCheckBox::toggled, this, &Diag_Settings_Panel::Keep_after_install);
     connect(download_, &QPushButton::clicked, this, &Diag_Settings_Panel::Download_wanted);

@@ -4,11 +4,11 @@
 #include "Diag_Settings_Panel.h"
 #include "Qt_Ui.h"
 #include "Readme_Browser.h"
+#include "tools/diagnostics/Reference_Names.h"
 
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
-#include "tools/diagnostics/Reference_Names.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -120,9 +120,8 @@ QWidget *frmGameDiag::Make_report(const Theme &theme) {
     column->setSpacing(gap);
     column->addWidget(title);
     column->addWidget(right_, 1);
-    connect(report, &Readme_Browser::Page_shown, this, [this] {
-        report->view()->setAccessibleName(QStringLiteral("Report"));
-    });
+    connect(report, &Readme_Browser::Page_shown, this,
+            [this] { report->view()->setAccessibleName(QStringLiteral("Report")); });
     return side;
 }
 
@@ -167,8 +166,9 @@ void frmGameDiag::Diagnose() {
     Work(QStringLiteral("cmdDiagnose_Click"), [this] {
         game->Forget_diagnosis(QStringLiteral("Looking through the folder…"));
         diagnosis_ = Diagnose_Install(
-            program_, {game->game(), game->game_folder(), game->reference(),
-                       [this](int value, int maximum) { Show_progress(value, maximum); }});
+            program_, {game->game(), game->game_folder(), game->reference(), [this](int value, int maximum) {
+                           Show_progress(value, maximum);
+                       }});
         game->Show_diagnosis(diagnosis_);
         if (!diagnosis_.page_path.isEmpty())
             return Show_page(diagnosis_.page_path);
