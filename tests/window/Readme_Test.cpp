@@ -237,6 +237,15 @@ TEST_F(Readme, A_text_file_as_it_stands_is_read_in_its_own_encoding) {
     }
 }
 
+TEST_F(Readme, Pages_have_the_windows_manner_once_and_behind_their_own_sheets) {
+    ASSERT_TRUE(Show("<html><head><style>body{color:red}</style></head><body>x</body></html>"));
+    EXPECT_EQ(
+        Ask("Array.from(document.querySelectorAll('style')).map(s => s.textContent.slice(0, 12)).join()")
+            .toString(),
+        "body{color:r,body{padding");
+    EXPECT_EQ(Ask("getComputedStyle(document.body).paddingTop").toString(), "14px");
+}
+
 TEST_F(Readme, No_word_runs_out_of_the_page_and_a_background_leaves_the_text_its_margin) {
     ASSERT_TRUE(Show(
         "<body topmargin='0' leftmargin='0'><div align='center' style='z-index:-1;width:100%;height:100%;"

@@ -51,28 +51,39 @@ QString How_it_ended(QWebEnginePage::RenderProcessTerminationStatus status, int 
 /// The page's room, scroll bars and pictures in the manner of the window: no picture crowds the text out, no
 /// word runs out of the page, and a background stays behind the text wherever one reads. It runs apart from
 /// the page's own world, where scripts are off.
-QWebEngineScript Page_manner() {
+constexpr const char *page_manner =
+    "body{padding:14px 22px 24px;line-height:1.4}"
+    ":where(a:link){color:#2546c4}"
+    "body,td{overflow-wrap:anywhere}"
+    "body>div[style*=\"z-index:-1\"]{position:fixed;top:0;left:0;overflow:hidden}"
+    "body>div[style*=\"z-index:-1\"]>div{width:100%!important;height:100%!important}"
+    "body>div[style*=\"position:absolute\"]{right:0;padding:0 22px 24px}"
+    "table{margin-bottom:12px}"
+    "img{max-width:100%;height:auto}"
+    "img[src*=HTMLImages]{vertical-align:-2px}"
+    "td[rowspan]{vertical-align:top;padding-right:16px}"
+    "td[rowspan]>img{max-width:min(320px,36vw)}"
+    "::-webkit-scrollbar{width:12px;height:12px;background:transparent}"
+    "::-webkit-scrollbar-thumb{background:#d5d9e4;border-radius:6px;border:2px solid #fff}"
+    "::-webkit-scrollbar-thumb:hover{background:#8f97a8}";
+
+/// In place from the page's first element on, so that nothing moves while a long one comes, and behind the
+/// page's own sheets in the end.
+QWebEngineScript Page_manner(QWebEngineScript::InjectionPoint point) {
     QWebEngineScript script;
     script.setName(QStringLiteral("manner"));
-    script.setInjectionPoint(QWebEngineScript::DocumentReady);
+    script.setInjectionPoint(point);
     script.setWorldId(QWebEngineScript::ApplicationWorld);
-    script.setSourceCode(
-        QStringLiteral("var sheet = document.createElement('style');"
-                       "sheet.textContent = 'body{padding:14px 22px 24px;line-height:1.4}"
-                       ":where(a:link){color:#2546c4}"
-                       "body,td{overflow-wrap:anywhere}"
-                       "body>div[style*=\"z-index:-1\"]{position:fixed;top:0;left:0;overflow:hidden}"
-                       "body>div[style*=\"z-index:-1\"]>div{width:100%!important;height:100%!important}"
-                       "body>div[style*=\"position:absolute\"]{right:0;padding:0 22px 24px}"
-                       "table{margin-bottom:12px}"
-                       "img{max-width:100%;height:auto}"
-                       "img[src*=HTMLImages]{vertical-align:-2px}"
-                       "td[rowspan]{vertical-align:top;padding-right:16px}"
-                       "td[rowspan]>img{max-width:min(320px,36vw)}"
-                       "::-webkit-scrollbar{width:12px;height:12px;background:transparent}"
-                       "::-webkit-scrollbar-thumb{background:#d5d9e4;border-radius:6px;border:2px solid #fff}"
-                       "::-webkit-scrollbar-thumb:hover{background:#8f97a8}';"
-                       "(document.head || document.documentElement).appendChild(sheet);"));
+    const char *place =
+        point == QWebEngineScript::DocumentReady
+            ? "(document.head || document.documentElement).appendChild(manner);"
+            : "var place = () => document.documentElement && document.documentElement.appendChild(manner);"
+              "if (!place())"
+              " new MutationObserver((changes, watch) => { if (place()) watch.disconnect(); })"
+              ".observe(document, {childList: true});";
+    script.setSourceCode(QStringLiteral("var manner = manner || document.createElement('style');"
+                                        "manner.textContent = '%1';%2")
+                             .arg(QLatin1String(page_manner), QLatin1String(place)));
     return script;
 }
 
@@ -156,7 +167,8 @@ void Readme_Browser::Make_view() {
     page_ = new Readme_Page(Make_fenced_profile(*folders_, this), *folders_, view_);
     view_->setPage(page_);
     Set_fonts(page_->settings(), theme_.text.family());
-    page_->scripts().insert(Page_manner());
+    for (const auto point : {QWebEngineScript::DocumentCreation, QWebEngineScript::DocumentReady})
+        page_->scripts().insert(Page_manner(point));
     layout()->addWidget(view_);
     stopped_note_ = Make_stopped_note();
     layout()->addWidget(stopped_note_);
