@@ -1,8 +1,10 @@
 #include "window/Readme_World.h"
 
 #include "readme/mdlHTML_stuff.h"
+#include "ui/qt/Readme_Browser.h"
 #include "ui/qt/Readme_Fence.h"
 #include "ui/qt/Readme_Panel.h"
+#include "ui/qt/Readme_Reader.h"
 
 #include <QBuffer>
 #include <QLabel>
@@ -369,7 +371,14 @@ TEST_F(Readme, A_link_within_its_folders_is_followed_and_back_leads_back) {
 TEST_F(Readme, Back_does_not_lead_to_the_mission_before) {
     ASSERT_TRUE(Show("<body>first mission</body>", "home/INFO/first.htm"));
     ASSERT_TRUE(Show("<body>second mission</body>", "home/INFO/second.htm"));
-    EXPECT_FALSE(Panel().findChild<QToolButton *>("readme_back")->isEnabled());
+    auto *back = Panel().findChild<QToolButton *>("readme_back");
+    EXPECT_FALSE(back->isEnabled());
+    // Nor while a third one comes.
+    bool offered = false;
+    QObject::connect(Panel().reader()->browser, &Readme_Browser::State_changed, back,
+                     [&] { offered = offered || back->isEnabled(); });
+    ASSERT_TRUE(Show("<body>third mission</body>", "home/INFO/third.htm"));
+    EXPECT_FALSE(offered || back->isEnabled());
 }
 
 TEST_F(Readme, A_place_in_the_page_is_scrolled_to) {

@@ -339,11 +339,11 @@ const QUrl &Readme_Browser::site() const {
 }
 
 bool Readme_Browser::can_go_back() const {
-    return can_read() && view_->history()->canGoBack();
+    return can_read() && !is_new_page_ && view_->history()->canGoBack();
 }
 
 bool Readme_Browser::can_go_forward() const {
-    return can_read() && view_->history()->canGoForward();
+    return can_read() && !is_new_page_ && view_->history()->canGoForward();
 }
 
 bool Readme_Browser::can_shrink() const {
