@@ -210,6 +210,7 @@ std::optional<QString> Damage_of(sqlite3 *connection) {
 
 void Connect(Program &program, Database::State &state, const QString &path, Look look) {
     const QByteArray native_path = Native_bytes(program.files.to_native(path));
+    sqlite3_close_v2(state.connection); // of an opening before this one; null does nothing
     const int code =
         sqlite3_open_v2(native_path.constData(), &state.connection,
                         SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
