@@ -14,7 +14,7 @@ trap 'rm -rf "$folder"' EXIT
 
 program=build/release/bin/bench_click_row
 "$program" "$folder" "$entries" 2 >/dev/null
-read -r median slowest < <("$program" "$folder" "$entries" "$clicks")
+read -r median slowest processor most < <("$program" "$folder" "$entries" "$clicks")
 
 list_and_extract() {
     unzip -Z1 "$1" >/dev/null
@@ -30,5 +30,6 @@ tool=$(printf '%s\n' "${times[@]}" | sort -n | awk -v n="$clicks" 'NR == int(n /
 
 echo "cores $(nproc), zips of $entries entries, $clicks clicks"
 printf '%-52s %8s ms\n' "a click on a row, median" "$median" "a click on a row, slowest" "$slowest" \
+    "a click on a row, processor time, median" "$processor" "a click on a row, processor time, most" "$most" \
     "unzip -Z1 and unzip of 13 files, median" "$tool"
 awk -v a="$median" -v b="$tool" 'BEGIN { printf "%-52s %8.2f\n", "ratio of the medians", a / b }'
