@@ -5,6 +5,7 @@
 #include "ui/qt/Theme.h"
 #include "ui/qt/frmSettings.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -75,6 +76,7 @@ TEST_F(Settings_Window, Has_a_tab_for_each_game_with_three_steps) {
         EXPECT_EQ(
             texts,
             (QStringList{"Step 1) Game Location", "Step 2) FM Locations",
+                         "No folder yet: press the green plus and point at one mission in it",
                          "NOTE: you do not need to select each FM zip file in a folder, just one to confirm "
                          "that Vantrosk will look in a folder that has zips in.",
                          "Step 3) Editor Location (if applicable)"}));
@@ -286,6 +288,26 @@ TEST_F(Settings_Window, Auto_configure_fills_the_tabs_and_shows_how_far_it_is) {
     prefixes->setCurrentIndex(1);
     Press("settings_auto");
     EXPECT_EQ(Line("settings_game_SS2"), "C:\\Sshock2") << "what is not found stays";
+}
+
+TEST_F(Settings_Window, No_two_controls_of_a_tab_share_a_key) {
+    Open();
+    for (int tab = 0; tab < Tabs().count(); ++tab) {
+        Tabs().setCurrentIndex(tab);
+        QApplication::processEvents();
+        QStringList texts, keys;
+        for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
+            if (button->isVisible())
+                texts << button->text();
+        for (const QLabel *label : window->findChildren<QLabel *>())
+            if (label->isVisible())
+                texts << label->text();
+        for (const QString &text : texts)
+            if (text.contains('&'))
+                keys << text.mid(text.indexOf('&') + 1, 1).toUpper();
+        EXPECT_EQ(keys.size(), 14) << keys.join(' ').toStdString();
+        EXPECT_EQ(keys.removeDuplicates(), 0) << texts.join(" | ").toStdString();
+    }
 }
 
 TEST_F(Settings_Window, Nothing_is_cut_off_at_the_smallest_size) {

@@ -34,7 +34,7 @@ QString Told_prefix(const Prefix &prefix) {
 
 Auto_Configure_Panel::Auto_Configure_Panel(Program &program, Settings_Controls &controls)
     : program_(program), controls_(controls), prefixes_(Make_prefixes()),
-      run_(Settings_button(QStringLiteral("settings_auto"), QStringLiteral("A&uto Configure"),
+      run_(Settings_button(QStringLiteral("settings_auto"), QStringLiteral("Auto Confi&gure"),
                            QStringLiteral("Auto Configure"), QLatin1String(run_tip))),
       stage_(new QLabel), bar_(new QProgressBar) {
     stage_->setObjectName(QStringLiteral("settings_stage"));
@@ -57,7 +57,7 @@ Auto_Configure_Panel::Auto_Configure_Panel(Program &program, Settings_Controls &
     row->setSpacing(settings_gap);
     row->addWidget(run_);
     row->addWidget(
-        Settings_label(QStringLiteral("in the Windows system &of"), QStringLiteral("caption"), prefixes_));
+        Settings_label(QStringLiteral("in the &Windows system of"), QStringLiteral("caption"), prefixes_));
     row->addWidget(prefixes_, 1);
     row->addLayout(progress);
     connect(run_, &QPushButton::clicked, this, &Auto_Configure_Panel::Run);

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int icon_size = 20;
 constexpr int folder_role = Qt::UserRole;
+constexpr const char *empty_hint = "No folder yet: press the green plus and point at one mission in it";
 enum Folder_Column { mixed_column, folder_column };
 
 constexpr const char *add_tip =
@@ -36,6 +38,7 @@ Fm_Folders_Panel::Fm_Folders_Panel(Program &program, Settings_Controls &controls
     : program_(program), controls_(controls), tab_(tab) {
     const QString code = QLatin1String(tab.code);
     folders_ = Make_list();
+    hint_ = Make_hint();
     add_ = Settings_button(QStringLiteral("settings_add_") + code, QStringLiteral("&Add"),
                            QStringLiteral("Add a mission folder"), QLatin1String(add_tip));
     add_->setProperty("kind", QStringLiteral("primary"));
@@ -82,6 +85,15 @@ QTreeWidget *Fm_Folders_Panel::Make_list() {
     return list;
 }
 
+/// What to do stands in the empty list, where one looks for folders.
+QLabel *Fm_Folders_Panel::Make_hint() {
+    auto *hint = Settings_label(QLatin1String(empty_hint), QStringLiteral("second"));
+    hint->setAlignment(Qt::AlignCenter);
+    auto *over_list = new QVBoxLayout(folders_->viewport());
+    over_list->addWidget(hint);
+    return hint;
+}
+
 QWidget *Fm_Folders_Panel::list() const {
     return folders_;
 }
@@ -96,6 +108,7 @@ void Fm_Folders_Panel::Refresh() {
         row->setCheckState(mixed_column, listed.mixed ? Qt::Checked : Qt::Unchecked);
         row->setToolTip(folder_column, Shown_Path(program_, listed.folder));
     }
+    hint_->setVisible(folders_->topLevelItemCount() == 0);
     const int last = folders_->topLevelItemCount() - 1;
     folders_->setCurrentItem(folders_->topLevelItem(qBound(0, current, qMax(0, last))));
     remove_->setEnabled(folders_->currentItem() != nullptr);

@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class QLabel;
 class QPushButton;
 class QTreeWidget;
 
@@ -29,6 +30,7 @@ protected:
 
 private:
     QTreeWidget *Make_list();
+    QLabel *Make_hint();
     void Add();
     void Remove();
     void Take_ticks();
@@ -37,6 +39,7 @@ private:
     Settings_Controls &controls_;
     const Game_Tab &tab_;
     QTreeWidget *folders_;
+    QLabel *hint_;
     QPushButton *add_, *remove_;
     bool refreshing_ = false;
 };

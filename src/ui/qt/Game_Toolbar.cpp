@@ -69,7 +69,8 @@ Game_Toolbar::Game_Toolbar(const Program &program, const Theme &theme, QWidget *
 
     configure_ = Make_button(QStringLiteral("configure"), QStringLiteral("Configure"),
                              Line_icon(QStringLiteral("configure"), theme_.on_gamebar));
-    configure_->setToolTip(QStringLiteral("Names the folders of a game and of its missions (Ctrl+G)"));
+    configure_->setToolTip(
+        QStringLiteral("Tells where the games and their missions are, and finds them (Ctrl+,)"));
     help_ = Make_button(QStringLiteral("help"), QStringLiteral("Help"),
                         Line_icon(QStringLiteral("help"), theme_.on_gamebar));
     help_->setToolTip(QStringLiteral("What Vantrosk is and which keys it knows (F1)"));

@@ -71,10 +71,14 @@ QComboBox *Other_Settings_Panel::Make_languages(const Program &program, const QS
     return box;
 }
 
+/// A size of another version stays in the list as well.
 QComboBox *Other_Settings_Panel::Make_sizes(int current) {
     QComboBox *box = Make_box("settings_icons", "Toolbar Icons", "The size of the pictures on the toolbar");
     for (const int size : icon_sizes)
         box->addItem(QStringLiteral("%1 x %1").arg(size), size);
+    if (box->findData(current) < 0)
+        box->addItem(current == 0 ? QStringLiteral("as it is") : QStringLiteral("%1 x %1").arg(current),
+                     current);
     box->setCurrentIndex(box->findData(current));
     return box;
 }
@@ -82,8 +86,7 @@ QComboBox *Other_Settings_Panel::Make_sizes(int current) {
 void Other_Settings_Panel::Take_into(Settings_Controls &controls) const {
     controls.check_for_updates = updates_->isChecked();
     controls.language = languages_->currentText();
-    if (sizes_->currentIndex() >= 0)
-        controls.toolbar_size = sizes_->currentData().toInt();
+    controls.toolbar_size = sizes_->currentData().toInt();
     controls.downloads = site_->text();
 }
 

@@ -209,7 +209,7 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event) {
 void frmMain::Connect_panels() {
     connect(games, &Game_Toolbar::Game_chosen, commands, &Window_Commands::Choose_game);
     connect(games, &Game_Toolbar::Set_up_wanted, this, &frmMain::Set_up);
-    connect(games, &Game_Toolbar::Configure_chosen, this, [this] { Set_up(program_.SELECTED_GAME_TAB); });
+    connect(games, &Game_Toolbar::Configure_chosen, this, [this] { Show_settings(); });
     connect(games, &Game_Toolbar::Help_chosen, this, &frmMain::Show_about);
     connect(list, &Fm_List_Panel::Row_chosen, commands, &Window_Commands::Choose_row);
     connect(list, &Fm_List_Panel::Heading_chosen, commands, &Window_Commands::Sort_by);

@@ -51,6 +51,7 @@ frmSettings::frmSettings(Program &program, QWidget *parent)
     column->setSpacing(settings_gap);
     column->addWidget(Settings_label(QString::fromUtf8(hint), QStringLiteral("second")));
     column->addWidget(tabs_, 1);
+    column->addWidget(Line());
     column->addWidget(other_);
     column->addWidget(Line());
     column->addWidget(auto_configure_);
