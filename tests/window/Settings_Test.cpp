@@ -277,7 +277,9 @@ TEST_F(Settings_Window, Auto_configure_fills_the_tabs_and_shows_how_far_it_is) {
     auto *prefixes = Find<QComboBox>("settings_prefix");
     EXPECT_EQ(prefixes->itemText(0), world.files.native("prefix") + " (in use)");
     EXPECT_EQ(prefixes->itemText(1), world.files.native("user/.wine") + " (Wine)");
+    Find<QPushButton>("settings_auto")->setFocus();
     Press("settings_auto");
+    EXPECT_TRUE(Find<QPushButton>("settings_auto")->hasFocus());
     EXPECT_EQ(Line("settings_game_SS2"), "C:\\Sshock2");
     EXPECT_EQ(Find<QLabel>("settings_stage")->text(), "Stage 7 of 7");
     EXPECT_EQ(Find<QProgressBar>("settings_progress")->value(), 7);
@@ -288,6 +290,14 @@ TEST_F(Settings_Window, Auto_configure_fills_the_tabs_and_shows_how_far_it_is) {
     prefixes->setCurrentIndex(1);
     Press("settings_auto");
     EXPECT_EQ(Line("settings_game_SS2"), "C:\\Sshock2") << "what is not found stays";
+}
+
+TEST(File_Dialog, Its_filters_tell_the_told_text_and_take_the_usual_spellings) {
+    EXPECT_EQ(Name_filters("Thief 2 (thief2.exe)|thief2.exe"),
+              "Thief 2 (thief2.exe) (thief2.exe THIEF2.EXE Thief2.exe)");
+    EXPECT_EQ(Name_filters(" (t3.exe)|t3.exe|all exes (*.exe)|*.exe"),
+              " (t3.exe) (t3.exe T3.EXE T3.exe);;all exes (*.exe) (*.exe *.EXE)");
+    EXPECT_EQ(Name_filters(""), "");
 }
 
 TEST_F(Settings_Window, No_two_controls_of_a_tab_share_a_key) {

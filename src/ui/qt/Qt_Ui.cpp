@@ -17,8 +17,11 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QImage>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include <cstdio>
@@ -36,19 +39,12 @@ std::optional<Value> Take_first(std::deque<Value> &queue) {
     return first;
 }
 
-/// "text|pattern|text|pattern" as the toolkit wants it. The desktop's own dialogs tell "Thief.exe" from
-/// "thief.exe", so the usual spellings stand beside each other.
-QString Name_filters(const QString &filter) {
-    const QStringList parts = filter.split(u'|');
-    QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        const QString text = parts[i].left(parts[i].lastIndexOf(u'(')).trimmed();
-        const QString pattern = parts[i + 1];
-        QStringList spellings{pattern, pattern.toUpper(), pattern.left(1).toUpper() + pattern.mid(1)};
-        spellings.removeDuplicates();
-        filters << QStringLiteral("%1 (%2)").arg(text.isEmpty() ? pattern : text, spellings.join(u' '));
-    }
-    return filters.join(QStringLiteral(";;"));
+/// Where downloads land when nothing is known: missions come from there.
+QString Start_folder(const Files *files, const File_Request &request) {
+    if (files && !request.start_folder.isEmpty())
+        return files->to_native(request.start_folder);
+    const QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    return QFileInfo(downloads).isDir() ? downloads : QDir::homePath();
 }
 
 Answer Scripted_answer(Window_Script &script, const Box &box) {
@@ -63,6 +59,18 @@ Answer Scripted_answer(Window_Script &script, const Box &box) {
 }
 
 } // namespace
+
+QString Name_filters(const QString &filter) {
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1];
+        QStringList spellings{pattern, pattern.toUpper(), pattern.left(1).toUpper() + pattern.mid(1)};
+        spellings.removeDuplicates();
+        filters << QStringLiteral("%1 (%2)").arg(parts[i], spellings.join(u' '));
+    }
+    return filters.join(QStringLiteral(";;"));
+}
 
 void Qt_Ui::Attach(frmMain *window) {
     window_ = window;
@@ -120,9 +128,9 @@ std::optional<QString> Qt_Ui::choose_file(const File_Request &request) {
         chosen = Take_first(script->files).value_or(QString());
     } else {
         QWidget *parent = QApplication::activeModalWidget();
-        const QString start = files_ ? files_->to_native(request.start_folder) : QString();
-        chosen = QFileDialog::getOpenFileName(parent ? parent : window_, request.title, start,
-                                              Name_filters(request.filter));
+        chosen = QFileDialog::getOpenFileName(parent ? parent : window_, request.title,
+                                              Start_folder(files_, request), Name_filters(request.filter),
+                                              nullptr, QFileDialog::HideNameFilterDetails);
     }
     if (chosen.isEmpty())
         return std::nullopt;

@@ -39,6 +39,10 @@ struct Window_Script {
     std::function<void(const Box &, Answer)> on_box;
 };
 
+/// "text|pattern|text|pattern" as the toolkit's file dialogs want it, each text as it is told. The desktop's
+/// own dialogs tell "Thief.exe" from "thief.exe", so the usual spellings stand beside each other.
+QString Name_filters(const QString &filter);
+
 /// The desktop window's half of the user-interface layer: hands each call to the window's panels.
 class Qt_Ui : public Ui {
 public:

@@ -73,7 +73,11 @@ QTabWidget *frmSettings::Make_tabs() {
     tabs->setUsesScrollButtons(true);
     for (const Game_Tab &tab : Game_Tabs()) {
         auto *panel = new Game_Settings_Panel(program_, controls_, tab, theme_);
-        connect(panel, &Game_Settings_Panel::Changed, this, &frmSettings::Refresh);
+        connect(panel, &Game_Settings_Panel::Changed, this, [this] {
+            Refresh();
+            // Where nobody manages windows, the one behind a closed dialog does not get the keys by itself.
+            activateWindow();
+        });
         tabs->addTab(panel, QLatin1String(tab.caption));
         games_.push_back(panel);
     }
@@ -126,12 +130,19 @@ void frmSettings::Save() {
 
 void frmSettings::Set_at_work(bool at_work) {
     at_work_ = at_work;
+    if (at_work)
+        focus_before_work_ = focusWidget();
     for (QWidget *child : findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
         if (child != auto_configure_)
             child->setEnabled(!at_work);
     for (QWidget *child : auto_configure_->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
         if (!qobject_cast<QLabel *>(child))
             child->setEnabled(!at_work);
+    if (at_work)
+        return;
+    activateWindow();
+    if (focus_before_work_)
+        focus_before_work_->setFocus(Qt::OtherFocusReason);
 }
 
 /// Not while events are let through in the middle of a search.

@@ -5,6 +5,7 @@
 #include "ui/settings/Settings_Controls.h"
 
 #include <QDialog>
+#include <QPointer>
 
 #include <vector>
 
@@ -43,6 +44,7 @@ private:
     Other_Settings_Panel *other_;
     Auto_Configure_Panel *auto_configure_;
     bool at_work_ = false;
+    QPointer<QWidget> focus_before_work_; ///< what is disabled loses the keys
 
 protected:
     void reject() override;
