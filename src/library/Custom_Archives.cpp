@@ -33,21 +33,36 @@ Archives_Request Request_of_button(const Profile_File &ini, const QString &secti
     return request;
 }
 
+/// The section of the button that has a game; empty for none.
+QString Section_of_game(const Profile_File &ini, const QString &name) {
+    for (int button = 1; button <= quick_bar_buttons; ++button) {
+        const QString section = QString("QBAR_%1").arg(button);
+        if (ini.is_true(section, "isgame") &&
+            ini.value(section, "GameName").compare(name, Qt::CaseInsensitive) == 0)
+            return section;
+    }
+    return {};
+}
+
 } // namespace
+
+std::optional<Custom_Game_Place> Find_custom_game(Program &program, const QString &name) {
+    const Profile_File ini(program, program.paths.qbar_ini);
+    const QString section = Section_of_game(ini, name);
+    if (section.isEmpty())
+        return std::nullopt;
+    return Custom_Game_Place{ini.value(section, "GameName"), ini.value(section, "InstallPath")};
+}
 
 bool Get_archives_of_custom_game(Program &program, const QString &name, int filter) {
     const Profile_File ini(program, program.paths.qbar_ini);
-    for (int button = 1; button <= quick_bar_buttons; ++button) {
-        const QString section = QString("QBAR_%1").arg(button);
-        const QString game = ini.value(section, "GameName");
-        if (!ini.is_true(section, "isgame") || game.compare(name, Qt::CaseInsensitive) != 0)
-            continue;
-        Archives_Request request = Request_of_button(ini, section, game);
-        request.filter = filter;
-        Get_archives(program, request);
-        return true;
-    }
-    return false;
+    const QString section = Section_of_game(ini, name);
+    if (section.isEmpty())
+        return false;
+    Archives_Request request = Request_of_button(ini, section, ini.value(section, "GameName"));
+    request.filter = filter;
+    Get_archives(program, request);
+    return true;
 }
 
 } // namespace vantrosk

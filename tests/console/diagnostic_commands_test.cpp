@@ -84,8 +84,19 @@ TEST_F(Diagnostic_Commands, What_can_not_be_done_ends_with_its_reason) {
     for (const char *command : {"diagnose", "reference"}) {
         const Console_Run unset = run({command, "SS2"});
         EXPECT_EQ(unset.exit_code, 1);
-        EXPECT_EQ(unset.err.last(), "SS2 is not set up: settings set SS2GAME FOLDER");
+        EXPECT_EQ(unset.err.last(), "System Shock 2 is not set up: its folder is not named");
     }
+}
+
+TEST_F(Diagnostic_Commands, A_game_of_one_s_own_is_told_by_its_name) {
+    world.write("games/Quake/quake.exe", "x");
+    world.write("home/Vantrosk_QBAR.ini", "[QBAR_1]\r\nisgame=TRUE\r\nGameName=My: Quake\r\nInstallPath=" +
+                                              world.windows("games/Quake").toUtf8() + "\r\n");
+    const QString name = "DIAG_My_ Quake_20261119_221405.VKDR";
+    EXPECT_EQ(run({"--json", "reference", "my: quake"}).json()["reference"].toString(), name);
+    const QJsonObject found = run({"--json", "diagnose", "My: Quake", "--reference", name}).json();
+    EXPECT_EQ(found["game"].toString(), "My: Quake");
+    EXPECT_EQ(found["matched"].toInt(), 1);
 }
 
 TEST_F(Diagnostic_Commands, A_missing_game_folder_still_tells_what_is_missing) {

@@ -7,6 +7,7 @@
 #include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
+#include "library/Custom_Archives.h"
 #include "ui/console/Console_Words.h"
 
 #include <QJsonArray>
@@ -30,13 +31,24 @@ constexpr std::array<Finding, 4> findings{{
     {"own", &Diagnosis::own},
 }};
 
-/// The folder of a game that is set up; its root for Thief 3.
-QString Folder_of(const Program &program, const Game &game) {
-    return Diag_folder(program, game.code);
+/// What is looked through: a game of the table or one of the user's own.
+struct Diagnosed_Game {
+    QString code; ///< the name, for one of the user's own
+    QString name;
+    QString folder; ///< Windows path; the root for Thief 3
+};
+
+/// Throws `Wrong_Usage` when there is no such game.
+Diagnosed_Game Diagnosed_game_of_word(Program &program, const QString &word) {
+    if (!word.isEmpty() && !Find_Game(word))
+        if (const auto custom = Find_custom_game(program, word))
+            return {custom->name, custom->name, custom->game_folder};
+    const Game &game = Game_of_word(word);
+    return {game.code, game.name, Diag_folder(program, game.code)};
 }
 
-QString Not_set_up(const Game &game) {
-    return QStringLiteral("%1 is not set up: settings set %1GAME FOLDER").arg(QLatin1String(game.code));
+QString Not_set_up(const Diagnosed_Game &game) {
+    return QStringLiteral("%1 is not set up: its folder is not named").arg(game.name);
 }
 
 /// A name that `references` holds, else a path; empty when there is no such file.
@@ -56,7 +68,7 @@ QStringList Relative(const QStringList &paths, const QString &folder) {
     return relative;
 }
 
-QJsonObject Diagnosis_json(const Program &program, const Game &game, const QString &reference,
+QJsonObject Diagnosis_json(const Program &program, const Diagnosed_Game &game, const QString &reference,
                            const Diagnosis &found) {
     QJsonObject json{
         {"game", game.code},
@@ -93,16 +105,15 @@ Console_Result Diagnose_command(const Console_Context &context) {
     if (has_reference && (context.arguments.size() != 3 || context.arguments[1] != "--reference"))
         throw Wrong_Usage(QStringLiteral("usage: vantrosk-cli %1").arg(QLatin1String(diagnose_usage)));
     Program &program = context.program;
-    const Game &game = Game_of_word(context.arguments[0]);
-    const QString folder = Folder_of(program, game);
-    if (folder.isEmpty())
+    const Diagnosed_Game game = Diagnosed_game_of_word(program, context.arguments[0]);
+    if (game.folder.isEmpty())
         return Failed(Not_set_up(game));
     QString reference = no_reference;
     if (has_reference && context.arguments[2] != no_reference)
         reference = Reference_of_word(program, context.arguments[2]);
     if (reference.isEmpty())
         return Failed(QStringLiteral("there is no reference file \"%1\"").arg(context.arguments[2]));
-    const Diagnosis found = Diagnose_Install(program, {game.code, folder, reference, {}});
+    const Diagnosis found = Diagnose_Install(program, {game.code, game.folder, reference, {}});
     Console_Result result;
     result.json = Diagnosis_json(program, game, reference, found);
     result.lines = Diagnosis_lines(program, found);
@@ -117,13 +128,12 @@ Console_Result Diagnose_command(const Console_Context &context) {
 Console_Result Reference_command(const Console_Context &context) {
     Expect_count(context, 1, 1, reference_usage);
     Program &program = context.program;
-    const Game &game = Game_of_word(context.arguments[0]);
-    const QString folder = Folder_of(program, game);
-    if (folder.isEmpty())
+    const Diagnosed_Game game = Diagnosed_game_of_word(program, context.arguments[0]);
+    if (game.folder.isEmpty())
         return Failed(Not_set_up(game));
-    if (!FolderExists(program, folder))
+    if (!FolderExists(program, game.folder))
         return Failed(QStringLiteral("the game folder does not exist"));
-    const QString name = create_reference_file(program, folder, game.name);
+    const QString name = create_reference_file(program, game.folder, game.name);
     if (name.isEmpty())
         return Failed(QStringLiteral("no reference file was made"));
     const QString path = program.files.to_native(program.paths.references + name);
