@@ -1,5 +1,4 @@
 #include "community/Download.h"
-
 #include "core/mdlFile_Functions.h"
 
 #include <array>

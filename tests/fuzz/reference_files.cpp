@@ -1,8 +1,9 @@
 #include "fuzz/Fuzz.h"
+
+#include "community/Download.h"
+#include "core/mdlFile_Functions.h"
 #include "tools/diagnostics/Diagnostic_Report.h"
 #include "tools/diagnostics/Reference_Table.h"
-
-#include "core/mdlFile_Functions.h"
 
 #include <cstdlib>
 
@@ -34,6 +35,8 @@ void Write_and_find(const Reference_Row &row) {
 } // namespace
 
 void Fuzz_one(const QByteArray &bytes) {
+    // The list of a server's files comes through this; it never grows beyond what was sent.
+    Must(Inner_text(bytes).size() <= bytes.size());
     const Reference reference = Read_reference_text(Decode_text(bytes), folder);
     Diagnostic_Report report;
     report.open_missing();
@@ -71,6 +74,9 @@ std::vector<QByteArray> Fuzz_pieces() {
             "INFO:",
             "<br>",
             "<script>",
+            "</script>",
+            "<!--",
+            "&#x41;",
             "&lt;",
             "DATECREATED:",
             "VKCOMMA",

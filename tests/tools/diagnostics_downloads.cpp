@@ -1,10 +1,9 @@
-#include "tools/Diagnostics_World.h"
-#include "tools/diagnostics/Reference_Downloads.h"
-#include "tools/diagnostics/Reference_Names.h"
-
 #include "core/mdlDB_Functions.h"
 #include "readme/mdlHTML_stuff.h"
 #include "support/Local_Server.h"
+#include "tools/Diagnostics_World.h"
+#include "tools/diagnostics/Reference_Downloads.h"
+#include "tools/diagnostics/Reference_Names.h"
 
 namespace vantrosk {
 namespace {

@@ -1,11 +1,10 @@
+#include "install/Stepping.h"
+#include "readme/mdlHTML_stuff.h"
+#include "support/Page_Checker.h"
 #include "tools/Diagnostics_World.h"
 #include "tools/diagnostics/Diagnose_Install.h"
 #include "tools/diagnostics/Game_Diagnostic.h"
 #include "tools/diagnostics/Reference_File.h"
-
-#include "install/Stepping.h"
-#include "readme/mdlHTML_stuff.h"
-#include "support/Page_Checker.h"
 
 #include <signal.h>
 #include <sys/resource.h>

@@ -1,8 +1,8 @@
-#include "tools/diagnostics/Game_Diagnostic.h"
 #include "window/Window_World.h"
 
 #include "core/Games.h"
 #include "support/Local_Server.h"
+#include "tools/diagnostics/Game_Diagnostic.h"
 #include "ui/qt/Diag_Game_Panel.h"
 #include "ui/qt/Diag_Settings_Panel.h"
 #include "ui/qt/Readme_Browser.h"

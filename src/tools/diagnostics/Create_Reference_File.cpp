@@ -1,13 +1,12 @@
-#include "tools/diagnostics/Folder_Walk.h"
-#include "tools/diagnostics/Game_Diagnostic.h"
-#include "tools/diagnostics/Reference_File.h"
-#include "tools/diagnostics/Reference_Names.h"
-
 #include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFile_Functions.h"
 #include "install/undo/Undo_List.h"
+#include "tools/diagnostics/Folder_Walk.h"
+#include "tools/diagnostics/Game_Diagnostic.h"
+#include "tools/diagnostics/Reference_File.h"
+#include "tools/diagnostics/Reference_Names.h"
 
 namespace vantrosk {
 

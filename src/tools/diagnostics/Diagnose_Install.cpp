@@ -1,15 +1,14 @@
 #include "tools/diagnostics/Diagnose_Install.h"
 
-#include "tools/diagnostics/Diagnostic_Report.h"
-#include "tools/diagnostics/Folder_Walk.h"
-#include "tools/diagnostics/Reference_Names.h"
-#include "tools/diagnostics/Reference_Table.h"
-
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "install/Install_Paths.h"
+#include "tools/diagnostics/Diagnostic_Report.h"
+#include "tools/diagnostics/Folder_Walk.h"
+#include "tools/diagnostics/Reference_Names.h"
+#include "tools/diagnostics/Reference_Table.h"
 
 #include <algorithm>
 

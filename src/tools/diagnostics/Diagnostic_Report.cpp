@@ -1,9 +1,8 @@
 #include "tools/diagnostics/Diagnostic_Report.h"
 
-#include "tools/diagnostics/Folder_Walk.h"
-
 #include "core/Program.h"
 #include "readme/mdlHTML_stuff.h"
+#include "tools/diagnostics/Folder_Walk.h"
 
 #include <algorithm>
 #include <array>

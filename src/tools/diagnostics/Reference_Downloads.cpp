@@ -1,13 +1,12 @@
 #include "tools/diagnostics/Reference_Downloads.h"
 
 #include "community/Download.h"
-#include "tools/diagnostics/Diagnostic_Report.h"
-#include "tools/diagnostics/Reference_File.h"
-
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFile_Functions.h"
 #include "readme/mdlHTML_stuff.h"
+#include "tools/diagnostics/Diagnostic_Report.h"
+#include "tools/diagnostics/Reference_File.h"
 
 #include <QUrl>
 

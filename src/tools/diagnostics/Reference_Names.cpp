@@ -1,10 +1,9 @@
 #include "tools/diagnostics/Reference_Names.h"
 
-#include "tools/diagnostics/Reference_File.h"
-
 #include "core/Games.h"
 #include "core/Program.h"
 #include "install/Install_Paths.h"
+#include "tools/diagnostics/Reference_File.h"
 
 #include <algorithm>
 #include <array>

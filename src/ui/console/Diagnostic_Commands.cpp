@@ -1,13 +1,12 @@
 #include "ui/console/Diagnostic_Commands.h"
 
-#include "tools/diagnostics/Diagnose_Install.h"
-#include "tools/diagnostics/Game_Diagnostic.h"
-#include "tools/diagnostics/Reference_Names.h"
-
 #include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
 #include "library/Custom_Archives.h"
+#include "tools/diagnostics/Diagnose_Install.h"
+#include "tools/diagnostics/Game_Diagnostic.h"
+#include "tools/diagnostics/Reference_Names.h"
 #include "ui/console/Console_Words.h"
 
 #include <QJsonArray>

@@ -1,12 +1,12 @@
 #include "Diag_Game_Panel.h"
 
 #include "Qt_Ui.h"
-#include "tools/diagnostics/Diagnose_Install.h"
-#include "tools/diagnostics/Reference_File.h"
-#include "tools/diagnostics/Reference_Names.h"
 
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
+#include "tools/diagnostics/Diagnose_Install.h"
+#include "tools/diagnostics/Reference_File.h"
+#include "tools/diagnostics/Reference_Names.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>

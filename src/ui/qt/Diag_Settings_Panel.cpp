@@ -1,9 +1,8 @@
 #include "Diag_Settings_Panel.h"
 
-#include "tools/diagnostics/Game_Diagnostic.h"
-
 #include "core/Program.h"
 #include "core/mdlFormDisplayFunctions.h"
+#include "tools/diagnostics/Game_Diagnostic.h"
 
 #include <QCheckBox>
 #include <QLabel>

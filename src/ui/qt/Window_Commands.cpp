@@ -1,7 +1,5 @@
 #include "Window_Commands.h"
 
-#include "tools/diagnostics/Game_Diagnostic.h"
-
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
@@ -9,6 +7,7 @@
 #include "library/Fm_List_Save.h"
 #include "library/Fm_List_View.h"
 #include "library/Get_archives.h"
+#include "tools/diagnostics/Game_Diagnostic.h"
 
 namespace vantrosk {
 

@@ -4,11 +4,11 @@
 #include "Diag_Settings_Panel.h"
 #include "Qt_Ui.h"
 #include "Readme_Browser.h"
-#include "tools/diagnostics/Reference_Names.h"
 
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
+#include "tools/diagnostics/Reference_Names.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>

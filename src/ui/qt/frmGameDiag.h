@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Theme.h"
+
 #include "tools/diagnostics/Diagnose_Install.h"
 #include "tools/diagnostics/Reference_Downloads.h"
 

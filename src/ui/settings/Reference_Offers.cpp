@@ -1,9 +1,8 @@
 #include "ui/settings/Reference_Offers.h"
 
-#include "tools/diagnostics/Game_Diagnostic.h"
-
 #include "core/Program.h"
 #include "core/mdlFormDisplayFunctions.h"
+#include "tools/diagnostics/Game_Diagnostic.h"
 
 namespace vantrosk {
 
