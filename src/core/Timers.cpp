@@ -13,12 +13,12 @@ constexpr int first_picture = 2, picture_behind_last = 10;
 constexpr int focus_ticks = 20;
 constexpr int tips_in_use = 5; ///< the rest of the list is never shown
 constexpr int download_is_ready = 2;
-constexpr std::size_t work_panel = 1, light_panel = 5;
+constexpr std::size_t examined_panel = 2, light_panel = 5; ///< where a row click says that it is done
 
 void Show_Tip(Program &program) {
     const double random =
         program.timers.random ? program.timers.random() : QRandomGenerator::global()->generateDouble();
-    Set_Status_Panel(program, work_panel, Tip_Text(random));
+    Set_Status_Panel(program, examined_panel, Tip_Text(random));
 }
 
 } // namespace
@@ -50,7 +50,7 @@ void Housekeeping_Tick(Program &program) {
         program.SAVE_SCORE_NOW = false;
         Run_Later_Step(program, Later_Step::save_details_panel);
     }
-    if (program.screen.status_panels[work_panel] == QLatin1String("Scan Complete") &&
+    if (program.screen.status_panels[examined_panel] == QLatin1String("Scan Complete") &&
         program.tweaks.SHOW_TIPS)
         Show_Tip(program);
     if (program.timers.download_state == download_is_ready)

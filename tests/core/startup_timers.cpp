@@ -44,35 +44,35 @@ TEST_F(Timers_Test, Unsaved_edits_are_saved_once) {
     EXPECT_FALSE(program.SAVE_SCORE_NOW);
 }
 
-TEST_F(Timers_Test, A_tip_stands_where_the_scan_said_that_it_was_complete) {
+TEST_F(Timers_Test, A_tip_stands_where_a_row_click_said_that_it_was_done) {
     program.tweaks.SHOW_TIPS = true;
     program.timers.random = [] {
         return 0.41;
     };
-    Set_Status_Panel(program, 1, "Scan Complete");
+    Set_Status_Panel(program, 2, "Scan Complete");
     Housekeeping_Tick(program);
     Housekeeping_Tick(program);
-    EXPECT_EQ(ui.panel_1, QStringList({"Scan Complete", "TIP: " + first_tips[2]}));
+    EXPECT_EQ(ui.panel_2, QStringList({"Scan Complete", "TIP: " + first_tips[2]}));
 }
 
 TEST_F(Timers_Test, No_tip_without_the_tweak_or_with_another_text) {
     program.tweaks.SHOW_TIPS = false;
-    Set_Status_Panel(program, 1, "Scan Complete");
-    Housekeeping_Tick(program);
-    program.tweaks.SHOW_TIPS = true;
-    Set_Status_Panel(program, 1, "scan complete");
-    Housekeeping_Tick(program);
     Set_Status_Panel(program, 2, "Scan Complete");
     Housekeeping_Tick(program);
-    EXPECT_EQ(ui.panel_1, QStringList({"Scan Complete", "scan complete"}));
+    program.tweaks.SHOW_TIPS = true;
+    Set_Status_Panel(program, 2, "scan complete");
+    Housekeeping_Tick(program);
+    Set_Status_Panel(program, 1, "Scan Complete");
+    Housekeeping_Tick(program);
+    EXPECT_EQ(ui.panel_2, QStringList({"Scan Complete", "scan complete"}));
 }
 
 TEST_F(Timers_Test, Without_a_script_the_tip_is_one_of_the_five) {
     program.tweaks.SHOW_TIPS = true;
     for (int round = 0; round < 50; ++round) {
-        Set_Status_Panel(program, 1, "Scan Complete");
+        Set_Status_Panel(program, 2, "Scan Complete");
         Housekeeping_Tick(program);
-        EXPECT_TRUE(first_tips.contains(ui.panel_1.last().mid(5))) << ui.panel_1.last().toStdString();
+        EXPECT_TRUE(first_tips.contains(ui.panel_2.last().mid(5))) << ui.panel_2.last().toStdString();
     }
 }
 
