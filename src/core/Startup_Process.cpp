@@ -6,6 +6,7 @@
 #include "core/mdlStartup.h"
 
 #include <cmath>
+#include <limits>
 
 namespace vantrosk {
 
@@ -52,7 +53,8 @@ int Read_start_state(const Program &program) {
     const double number = lines.value(1).trimmed().toDouble(&is_number);
     if (!is_number || std::isnan(number))
         return first_start;
-    return static_cast<int>(qBound(-1.0, std::floor(number), double(states_that_start)));
+    constexpr double lowest = std::numeric_limits<int>::min();
+    return static_cast<int>(qBound(lowest, std::floor(number), double(states_that_start)));
 }
 
 void Write_start_state(Program &program) {

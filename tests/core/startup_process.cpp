@@ -57,7 +57,7 @@ TEST_F(Start_Process_Test, Each_content_of_the_state_file_has_its_state) {
         {"14194\r\nmany\r\n", true, "14194\r\n2\r\n", 0},
         {"14194\r\nnan\r\n", true, "14194\r\n2\r\n", 0},
         {"14194\r\n0\r\n", true, "14194\r\n0\r\n", 1},
-        {"14194\r\n-7\r\n", true, "14194\r\n-1\r\n", 1},
+        {"14194\r\n-7\r\n", true, "14194\r\n-7\r\n", 1},
         {"14194\r\n1.9\r\n", true, "14194\r\n2\r\n", 0},
         {"14194\r\n3.7\r\n", true, "14194\r\n3\r\n", 0},
         {"14194\r\n8\r\n", true, "14194\r\n8\r\n", 0},
