@@ -1,5 +1,7 @@
 #include "Platform_World.h"
 
+#include "platform/Native_Text.h"
+
 #include <QRegularExpression>
 
 #include <csignal>
@@ -63,6 +65,13 @@ TEST(Home_folder, Is_the_one_of_the_environment) {
     Platform_World world;
     const With_variable home("VANTROSK_HOME", world.bytes("chosen") + "/");
     EXPECT_EQ(Default_home_folder(world.native("")), world.native("chosen"));
+}
+
+TEST(Home_folder, May_have_bytes_of_any_kind) {
+    Platform_World world;
+    const QByteArray folder = world.bytes("") + "/caf\xE9";
+    const With_variable home("VANTROSK_HOME", folder);
+    EXPECT_EQ(Native_bytes(Default_home_folder(world.native(""))), folder);
 }
 
 TEST(Home_folder, Is_that_of_the_executable_when_it_can_be_written) {

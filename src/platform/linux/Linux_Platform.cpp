@@ -2,6 +2,8 @@
 
 #include "Linux_Parts.h"
 
+#include "platform/Native_Text.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -23,7 +25,7 @@ namespace {
 QString Prefix_folder(const Linux_Options &options, const Settings_Store &settings) {
     QString folder = options.wine_prefix;
     if (folder.isEmpty())
-        folder = qEnvironmentVariable("WINEPREFIX");
+        folder = Native_text(qgetenv("WINEPREFIX"));
     if (folder.isEmpty())
         folder = settings.value(QLatin1String(platform_section), QLatin1String(prefix_key));
     if (folder.isEmpty())
@@ -69,7 +71,7 @@ void Prepare_linux_process() {
 }
 
 QString Default_home_folder(const QString &executable_folder) {
-    const QString wanted = qEnvironmentVariable("VANTROSK_HOME");
+    const QString wanted = Native_text(qgetenv("VANTROSK_HOME"));
     if (!wanted.isEmpty())
         return QDir::cleanPath(QDir::current().absoluteFilePath(wanted));
     const QFileInfo own(executable_folder);
