@@ -102,9 +102,10 @@ struct Window_Geometry {
     bool is_there = false;   ///< there is a main window
     bool is_covered = false; ///< another window is modal over it
     bool minimised = false, maximised = false;
-    int width = 0, height = 0;      ///< in normal state
-    int list_height = 0;            ///< of the FM list above the details panel
-    std::vector<int> column_widths; ///< of the FM list, from column 0 on; empty: sized automatically
+    int width = 0, height = 0;          ///< in normal state
+    int list_height = 0;                ///< of the FM list above the details panel
+    std::vector<int> column_widths;     ///< of the FM list, from column 0 on; empty: never shown yet
+    bool columns_are_automatic = false; ///< the list sized them; the user has not
 };
 
 /// The font of the grids.

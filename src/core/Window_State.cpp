@@ -8,6 +8,7 @@ namespace vantrosk {
 namespace {
 
 constexpr const char *section = "FORMSETTINGS";
+constexpr const char *automatic_columns = "FLEXGRID_COLUMNS_AUTOMATIC"; ///< beside the widths: whose they are
 constexpr int normal_state = 0, maximised_state = 2;
 constexpr int width_when_absent = 1000;
 constexpr int longest_length = 32767; ///< what a window can be wide
@@ -56,6 +57,8 @@ void Store_form(Program &program, const Window_Geometry &window) {
 }
 
 void Store_columns(Program &program, const Window_Geometry &window) {
+    if (!window.column_widths.empty())
+        Store(program, automatic_columns, window.columns_are_automatic ? 1 : 0);
     for (std::size_t column = 0; column < window.column_widths.size(); ++column) {
         // A column that is switched off has no width now; the one it had is wanted when it comes back.
         if (Column_Is_Shown(program, static_cast<int>(column)))
@@ -100,6 +103,7 @@ void Restore_Window_Geometry(Program &program) {
 void Restore_Column_Widths(Program &program) {
     std::vector<int> &widths = program.screen.window.column_widths;
     widths.clear();
+    program.screen.window.columns_are_automatic = Stored(program, automatic_columns) == QLatin1String("1");
     if (Stored(program, Column_key(0)).isEmpty())
         return;
     for (std::size_t column = 0; column < column_count; ++column) {

@@ -141,6 +141,19 @@ TEST_F(Window_State_Test, Without_stored_widths_the_columns_are_sized_automatica
     EXPECT_TRUE(window.column_widths.empty());
 }
 
+TEST_F(Window_State_Test, Whose_the_widths_are_is_kept_beside_them) {
+    for (const bool automatic : {true, false}) {
+        window.columns_are_automatic = automatic;
+        Save_Status(program, Saved_Status::column_widths);
+        window.columns_are_automatic = !automatic;
+        Restore_Column_Widths(program);
+        EXPECT_EQ(window.columns_are_automatic, automatic);
+    }
+    store("FLEXGRID_COLUMNS_AUTOMATIC", "");
+    Restore_Column_Widths(program);
+    EXPECT_FALSE(window.columns_are_automatic) << "widths of an older version are the user's";
+}
+
 TEST_F(Window_State_Test, A_width_that_is_absent_is_1000) {
     store("FLEXGRID_COLUMN0WIDTH", "20");
     store("FLEXGRID_COLUMN2WIDTH", "200");

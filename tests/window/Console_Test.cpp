@@ -1,6 +1,7 @@
 #include "window/Window_World.h"
 
 #include "core/Trace_Console.h"
+#include "ui/qt/Key_Manners.h"
 #include "ui/qt/Trace_Console_Window.h"
 #include "ui/qt/Window_Session.h"
 
@@ -106,6 +107,15 @@ TEST_F(Console_Window, Holds_until_continue_is_pressed_and_lets_events_through) 
     debug_pause(world.program(), "About to read ini");
     EXPECT_TRUE(event_came);
     EXPECT_FALSE(console->is_holding());
+    EXPECT_FALSE(Pause_is_shown());
+}
+
+TEST_F(Console_Window, Enter_on_continue_lets_the_program_go_on) {
+    const Key_Manners manners;
+    QTimer::singleShot(0, console.get(),
+                       [this] { QTest::keyClick(Button("console_continue"), Qt::Key_Return); });
+    world.ui.script.reset();
+    world.ui.trace_pause("About to read ini");
     EXPECT_FALSE(Pause_is_shown());
 }
 

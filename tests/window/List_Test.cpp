@@ -305,11 +305,32 @@ TEST_F(List_Window, Columns_fill_the_window_and_none_is_cut_off_from_1024_pixels
     }
 }
 
-TEST_F(List_Window, Until_the_user_sizes_a_column_there_are_no_widths_to_keep) {
-    EXPECT_TRUE(panel->Widths().empty());
-    table->setColumnWidth(col_author, 177);
+TEST_F(List_Window, The_headings_of_the_first_list_have_room_though_they_come_behind_the_sizing) {
+    world.program().tweaks.AUTORESIZE_COLUMNS = true;
+    world.program().screen.list.headings = {};
+    world.ui.list_changed();
+    world.window().resize(1024, 700);
+    QCoreApplication::processEvents();
+    world.Fill_list(3);
+    for (int column = col_name; column < col_category; ++column)
+        EXPECT_GE(table->columnWidth(column), table->horizontalHeader()->sectionSizeHint(column)) << column;
+}
+
+TEST_F(List_Window, The_widths_that_show_are_those_to_keep_and_it_is_known_whose_they_are) {
     ASSERT_EQ(panel->Widths().size(), size_t(column_count));
+    EXPECT_EQ(panel->Widths()[col_author], table->columnWidth(col_author));
+    EXPECT_TRUE(panel->Widths_are_automatic());
+    table->setColumnWidth(col_author, 177);
     EXPECT_EQ(panel->Widths()[col_author], 177);
+    EXPECT_FALSE(panel->Widths_are_automatic());
+}
+
+TEST_F(List_Window, A_list_that_never_showed_keeps_the_widths_that_it_was_given) {
+    Fm_List_Panel other(world.program(), Make_Theme(world.program().tweaks), nullptr);
+    EXPECT_TRUE(other.Widths().empty());
+    const std::vector<int> widths(column_count, 70);
+    other.Set_widths(widths);
+    EXPECT_EQ(other.Widths(), widths);
 }
 
 TEST_F(List_Window, Kept_widths_are_taken_and_only_the_names_follow_the_window) {

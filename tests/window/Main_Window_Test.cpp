@@ -151,6 +151,23 @@ TEST_F(Main_Window, Size_splitter_and_column_widths_are_kept_across_starts) {
     EXPECT_EQ(again.list->table()->columnWidth(col_author), 133);
 }
 
+TEST_F(Main_Window, The_list_has_two_fifths_of_the_height_until_the_user_divides_it_otherwise) {
+    const auto part = [this] {
+        const auto *splitter = world.window().findChild<QSplitter *>("list_splitter");
+        return 100 * splitter->sizes()[0] / (splitter->height() - splitter->handleWidth());
+    };
+    world.Open();
+    EXPECT_NEAR(part(), 40, 1);
+    world.Close();
+    world.program().ini = {};
+    world.Open();
+    EXPECT_TRUE(world.window().shows_empty_state());
+    world.Set_up_game("T2");
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(world.window().shows_empty_state());
+    EXPECT_NEAR(part(), 40, 1) << "when the first game is set up, too";
+}
+
 TEST_F(Main_Window, A_maximised_window_keeps_its_normal_size) {
     frmMain &window = world.Open(1111, 777);
     window.showMaximized();

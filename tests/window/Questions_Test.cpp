@@ -112,6 +112,23 @@ TEST(Error_Window, Escape_is_no_and_a_button_gives_its_answer) {
     }
 }
 
+TEST(Error_Window, The_letter_of_a_button_presses_it) {
+    for (const auto &[key, answer] : {std::pair(Qt::Key_Y, Answer::yes), std::pair(Qt::Key_N, Answer::no)}) {
+        Error_Box box({Box_Kind::critical, "", "Error 5", Buttons::yes_no, Answer::no}, nullptr);
+        box.show();
+        QTest::keyClick(&box, key);
+        EXPECT_FALSE(box.isVisible());
+        EXPECT_EQ(box.answer(), answer);
+    }
+}
+
+TEST(Error_Window, A_short_text_makes_a_low_box) {
+    Error_Box box({Box_Kind::critical, "", "Error 5 (Invalid procedure call)", Buttons::ok, Answer::ok},
+                  nullptr);
+    box.show();
+    EXPECT_LT(box.height(), 160);
+}
+
 TEST(Error_Window, The_longest_text_still_fits_on_a_small_screen) {
     Error_Box box({Box_Kind::critical, "", QString("word ").repeated(4000), Buttons::yes_no, Answer::no},
                   nullptr);

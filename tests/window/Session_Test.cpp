@@ -7,7 +7,9 @@
 #include "ui/qt/Details_Panel_View.h"
 #include "ui/qt/Fm_List_Panel.h"
 #include "ui/qt/Fm_Table.h"
+#include "ui/qt/Library_Summary.h"
 #include "ui/qt/Notes_Window.h"
+#include "ui/qt/Set_Up_Game.h"
 #include "ui/qt/Start_Address.h"
 #include "ui/qt/Status_Bar.h"
 #include "ui/qt/Window_Commands.h"
@@ -19,6 +21,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSplitter>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -37,15 +40,19 @@ protected:
     std::unique_ptr<Program> program;
     std::unique_ptr<Window_Session> session;
 
-    Session() { ui.script.emplace(); }
+    Session() { Script(); }
     ~Session() override { End(); }
     void End() {
         session.reset();
         program.reset();
     }
+    void Script() {
+        ui.script.emplace();
+        ui.script->screen_room = {1920, 1080};
+    }
     bool Start() {
         End();
-        ui.script.emplace();
+        Script();
         program = std::make_unique<Program>(files.platform, ui, files.windows("home"));
         session = std::make_unique<Window_Session>(*program, ui);
         return session->Start({});
@@ -61,6 +68,10 @@ protected:
         Choose_Version(*program, Version::full);
     }
     frmMain &Window() { return *session->window(); }
+    QString Stored(const QString &key) { return files.platform.settings->value("FORMSETTINGS", key); }
+    void Store(const QString &key, const QString &value) {
+        EXPECT_FALSE(files.platform.settings->set_value("FORMSETTINGS", key, value));
+    }
     QAction *Action(const QString &name) { return Window().findChild<QAction *>("action_" + name); }
     QStringList Titles() {
         QStringList titles;
@@ -149,6 +160,109 @@ TEST_F(Session, A_maximised_window_comes_back_maximised_and_keeps_its_normal_siz
     EXPECT_EQ(files.platform.settings->value("FORMSETTINGS", "FORMHEIGHT"), "720");
 }
 
+TEST_F(Session, A_size_from_a_larger_screen_is_cut_to_what_this_one_has_room_for) {
+    Settle();
+    Store("FORMWIDTH", "1900");
+    Store("FORMHEIGHT", "1060");
+    End();
+    Script();
+    program = std::make_unique<Program>(files.platform, ui, files.windows("home"));
+    session = std::make_unique<Window_Session>(*program, ui);
+    ui.script->screen_room = {1024, 700};
+    ASSERT_TRUE(session->Start({}));
+    EXPECT_EQ(Window().size(), QSize(1024, 700));
+}
+
+TEST_F(Session, The_first_window_of_all_fits_a_small_screen) {
+    program = std::make_unique<Program>(files.platform, ui, files.windows("home"));
+    session = std::make_unique<Window_Session>(*program, ui);
+    ui.script->screen_room = {1024, 700};
+    ASSERT_TRUE(session->Start({}));
+    EXPECT_EQ(Window().size(), QSize(1024, 700));
+}
+
+TEST_F(Session, At_its_end_every_start_leaves_the_keys_with_the_list) {
+    Settle();
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Window().focusWidget(), Window().list->table());
+    ASSERT_FALSE(program->files.remove_file(program->paths.tweaks_ini));
+    ui.script->version = Version::full;
+    ASSERT_TRUE(Start());
+    EXPECT_TRUE(program->first_run);
+    EXPECT_EQ(Window().focusWidget(), Window().list->table());
+}
+
+TEST_F(Session, Without_a_game_the_keys_are_with_the_set_up) {
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Window().focusWidget(), Window().empty_state->set_up()->First_control());
+}
+
+TEST_F(Session, Columns_that_the_list_sized_are_stored_and_sized_again_for_another_window) {
+    Settle();
+    program->tweaks.AUTORESIZE_COLUMNS = true;
+    ASSERT_FALSE(Write_Tweaks_Ini(*program));
+    ASSERT_TRUE(Start());
+    Window().resize(1280, 800);
+    QCoreApplication::processEvents();
+    const int author = Window().list->table()->columnWidth(col_author);
+    Window().close();
+    EXPECT_EQ(Stored("FLEXGRID_COLUMN0WIDTH"), "0");
+    EXPECT_EQ(Stored("FLEXGRID_COLUMN3WIDTH"), QString::number(author));
+    ASSERT_TRUE(Start());
+    EXPECT_EQ(Window().list->table()->columnWidth(col_author), author);
+    Window().resize(1700, 800);
+    QCoreApplication::processEvents();
+    EXPECT_GT(Window().list->table()->columnWidth(col_author), author) << "not the names alone";
+    Window().list->table()->setColumnWidth(col_author, 101);
+    Window().close();
+    ASSERT_TRUE(Start());
+    Window().resize(1280, 800);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Window().list->table()->columnWidth(col_author), 101) << "the user's own";
+}
+
+TEST_F(Session, The_saved_summary_of_all_games_stands_where_no_list_is_yet_and_leads_to_one) {
+    Settle();
+    db_Execute(*program,
+               "INSERT INTO table_game_info (game_name,list_number) values('Thief The Metal Age',3)");
+    db_Execute(*program, "update table_game_info SET zip_count=12, zip_size = 2048, FMs_completed = 3 "
+                         ",saves_count = 4 where game_name = 'Thief The Metal Age' and list_number = 3");
+    ASSERT_TRUE(Start());
+    auto *summary = Window().list->findChild<Library_Summary *>("library_summary");
+    ASSERT_NE(summary, nullptr);
+    EXPECT_TRUE(summary->isVisible());
+    QStringList texts;
+    for (int column = 0; column < summary->columnCount(); ++column)
+        texts << summary->horizontalHeaderItem(column)->text() + "=" + summary->item(0, column)->text();
+    EXPECT_EQ(texts, QStringList({"Game=Thief The Metal Age", "FMs=12", "Total Size=2 KB", "Finished=3",
+                                  "Save Zips=4"}));
+    Window().activateWindow();
+    summary->setFocus();
+    EXPECT_TRUE(Window_World::Wait_until([&] { return summary->currentRow() == 0; }));
+    QTest::keyClick(summary, Qt::Key_Return);
+    EXPECT_TRUE(Window_World::Wait_until([&] { return program->SELECTED_GAME_TAB == "T2"; }));
+    EXPECT_FALSE(summary->isVisible());
+}
+
+TEST_F(Session, The_summary_window_tells_of_the_last_scans) {
+    Settle();
+    Library_Summary_Window none(*program);
+    EXPECT_TRUE(none.findChild<Library_Summary *>()->is_empty());
+    db_Execute(*program, "INSERT INTO table_game_info (game_name,list_number) values('Thief Gold',2)");
+    db_Execute(*program, "INSERT INTO table_game_info (game_name,list_number) values('My Game',20)");
+    Library_Summary_Window window(*program);
+    auto *summary = window.findChild<Library_Summary *>();
+    QStringList chosen;
+    QObject::connect(&window, &Library_Summary_Window::Game_chosen,
+                     [&](const QString &code) { chosen << code; });
+    window.show();
+    Q_EMIT summary->cellClicked(1, 0);
+    EXPECT_TRUE(window.isVisible()) << "a game of the user's own has no list of this kind";
+    Q_EMIT summary->cellClicked(0, 0);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(chosen, QStringList{"TG"});
+}
+
 TEST_F(Session, Sizes_of_a_store_where_anybody_may_write_do_no_harm) {
     Settle();
     const std::pair<const char *, const char *> rows[] = {
@@ -213,8 +327,8 @@ TEST_F(Session, The_ticks_of_the_window_save_tip_turn_the_light_and_give_the_lis
     program->SAVE_SCORE_NOW = true;
     EXPECT_TRUE(Window_World::Wait_until([&] { return saved == 1; }));
     program->tweaks.SHOW_TIPS = true;
-    Set_Status_Panel(*program, 1, "Scan Complete");
-    EXPECT_TRUE(Window_World::Wait_until([&] { return Window().status->panel_text(1).startsWith("TIP: "); }));
+    Set_Status_Panel(*program, 2, "Scan Complete");
+    EXPECT_TRUE(Window_World::Wait_until([&] { return Window().status->panel_text(2).startsWith("TIP: "); }));
     std::set<int> pictures;
     Set_Status_Light(*program, 10);
     EXPECT_TRUE(Window_World::Wait_until([&] {

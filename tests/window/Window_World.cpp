@@ -20,6 +20,7 @@ constexpr int patience = 10000; ///< milliseconds
 Window_World::Window_World() {
     ui.script.emplace();
     ui.Set_files(*files.platform.files);
+    ui.script->screen_room = {1920, 1080};
     program_ = std::make_unique<Program>(files.platform, ui, files.windows("home"));
     if (!Start_Program(*program_))
         throw std::runtime_error("program did not start");

@@ -4,6 +4,7 @@
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -64,6 +65,17 @@ Error_Box::Error_Box(const Box &box, QWidget *parent) : QDialog(parent), answer_
     column->setSpacing(gap);
     column->addLayout(row, 1);
     column->addWidget(Make_buttons(box));
+    resize(minimumSizeHint()); // no taller than its text
+}
+
+/// The letter of a button presses it, as in a plain box.
+void Error_Box::keyPressEvent(QKeyEvent *event) {
+    for (auto *button : findChildren<QPushButton *>()) {
+        const QKeySequence letter = QKeySequence::mnemonic(button->text());
+        if (event->modifiers() == Qt::NoModifier && letter == QKeySequence(Qt::ALT | event->key()))
+            return button->click();
+    }
+    QDialog::keyPressEvent(event);
 }
 
 QWidget *Error_Box::Make_text(const QString &text) {

@@ -21,6 +21,9 @@ public:
     /// Whether a box is shown in this manner: errors, and texts that are too long for a plain one.
     static bool Is_for(const Box &box);
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     QWidget *Make_text(const QString &text);
     QWidget *Make_buttons(const Box &box);

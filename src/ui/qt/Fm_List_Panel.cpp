@@ -4,6 +4,7 @@
 #include "Fm_List_Delegate.h"
 #include "Fm_List_Model.h"
 #include "Fm_Table.h"
+#include "Library_Summary.h"
 
 #include "core/Games.h"
 #include "core/Program.h"
@@ -83,9 +84,12 @@ Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *pare
     empty_button_->setObjectName(QStringLiteral("list_choose_missions"));
     empty_button_->setAccessibleName(QStringLiteral("Choose the mission folder"));
     empty_button_->setToolTip(QStringLiteral("Names the folder that holds the mission zips of this game"));
+    summary_ = new Library_Summary(program);
+    connect(summary_, &Library_Summary::Game_chosen, this, &Fm_List_Panel::Game_chosen);
     auto *empty_column = new QVBoxLayout(empty_);
     empty_column->addStretch();
     empty_column->addWidget(empty_text_);
+    empty_column->addWidget(summary_, 0, Qt::AlignHCenter);
     empty_column->addSpacing(8);
     empty_column->addWidget(empty_button_, 0, Qt::AlignHCenter);
     empty_column->addStretch();
@@ -123,6 +127,7 @@ bool Fm_List_Panel::eventFilter(QObject *watched, QEvent *event) {
 void Fm_List_Panel::Refresh() {
     const QScopedValueRollback following(following_, true);
     model_->Refresh();
+    Fit_to_headings();
     table_->Set_frozen_rows(std::min(program_.screen.list.original_rows, model_->rowCount()));
     filter_strip_->Refresh();
     Refresh_current_row();
@@ -257,12 +262,18 @@ void Fm_List_Panel::Apply_tweaks() {
 }
 
 std::vector<int> Fm_List_Panel::Widths() const {
-    return widths_are_the_users_ ? widths_ : std::vector<int>();
+    return isVisible() ? widths_ : kept_widths_;
+}
+
+bool Fm_List_Panel::Widths_are_automatic() const {
+    return !widths_are_the_users_;
 }
 
 /// A width that was stored for a column that was switched off then is none: the column gets what it likes.
-void Fm_List_Panel::Set_widths(const std::vector<int> &widths) {
-    widths_are_the_users_ = widths.size() == column_count;
+void Fm_List_Panel::Set_widths(const std::vector<int> &widths, bool automatic) {
+    kept_widths_ = widths;
+    const bool sizes_itself = automatic && program_.tweaks.AUTORESIZE_COLUMNS;
+    widths_are_the_users_ = widths.size() == column_count && !sizes_itself;
     for (int column = 1; widths_are_the_users_ && column < column_count; ++column)
         widths_[column] = widths[column] > 0 ? widths[column] : column_rooms[column].likes;
     Fit_columns();
@@ -286,6 +297,17 @@ void Fm_List_Panel::Fit_columns() {
     for (int column = 1; column < column_count; ++column)
         if (Column_is_on(column))
             table_->setColumnWidth(column, std::max(widths_[column], narrowest_column));
+}
+
+/// Headings come with the first list, and with another language.
+void Fm_List_Panel::Fit_to_headings() {
+    const auto &headings = program_.screen.list.headings;
+    const QStringList now(headings.begin(), headings.end());
+    if (now == fitted_headings_)
+        return;
+    fitted_headings_ = now;
+    if (!widths_are_the_users_)
+        Fit_columns();
 }
 
 /// A heading is never cut off, whatever the font.
@@ -340,6 +362,8 @@ void Fm_List_Panel::Refresh_empty_state() {
     else
         empty_text_->setText(QStringLiteral("Choose a game on the left to see its missions."));
     empty_button_->setVisible(nothing_listed && game);
+    summary_->Refresh();
+    summary_->setVisible(nothing_listed && program_.SELECTED_GAME_TAB.isEmpty() && !summary_->is_empty());
     const int top = table_->frozen_rows() * Fm_Table::row_height;
     empty_->setGeometry(0, top, table_->viewport()->width(), std::max(0, table_->viewport()->height() - top));
     empty_->setVisible(nothing_listed || nothing_found);

@@ -2,6 +2,7 @@
 
 #include "Theme.h"
 
+#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 
@@ -18,6 +19,7 @@ class Fm_List_Find;
 class Fm_List_Model;
 class Filter_Strip;
 class Fm_Table;
+class Library_Summary;
 
 /// The FM list: the grid, what "Find in list" leaves of it, and a sentence where there is nothing to list.
 class Fm_List_Panel : public QWidget {
@@ -29,16 +31,20 @@ public:
     void Refresh();
     void Refresh_row(int row);
     void Refresh_current_row();
+    /// The sentence, and the summary of all games, where there is nothing to list.
+    void Refresh_empty_state();
     void Show_rows(bool visible);
     void Find(const QString &text);
     int Shown_missions() const; ///< rows to be seen, the original missions not counted
 
     /// Optional columns by the tweaks, list font.
     void Apply_tweaks();
-    /// Widths in pixels, one per column, 0 for the column that is never shown; none while the user has set
-    /// none and the list sizes itself.
+    /// Widths in pixels, one per column, 0 for the column that is never shown; what was set, while the list
+    /// does not show.
     std::vector<int> Widths() const;
-    void Set_widths(const std::vector<int> &widths);
+    /// The list sized its columns; the user has not.
+    bool Widths_are_automatic() const;
+    void Set_widths(const std::vector<int> &widths, bool automatic = false);
 
     Fm_Table *table() const { return table_; }
     /// Selects a row as the user would; `row` as in the list.
@@ -52,7 +58,8 @@ Q_SIGNALS:
     void Next_step_wanted(); ///< Enter in the list
     void Mission_folder_wanted();
     void Shown_changed();
-    void All_wanted(); ///< the filter is to go
+    void All_wanted();                     ///< the filter is to go
+    void Game_chosen(const QString &code); ///< in the library summary
     void Row_menu_wanted(const QPoint &at_global);
 
 protected:
@@ -69,8 +76,8 @@ private:
     void Note_top_row();
     bool Is_selected(const QModelIndex &shown) const;
     void Fit_columns();
+    void Fit_to_headings();
     void Remember_width(int column, int width);
-    void Refresh_empty_state();
     bool Column_is_on(int column) const;
     Column_Room Room_of(int column) const;
     void Share_room(int room);
@@ -85,8 +92,10 @@ private:
     QWidget *empty_;
     QLabel *empty_text_;
     QPushButton *empty_button_;
+    Library_Summary *summary_;
     QTimer choice_timer_;
-    std::vector<int> widths_;
+    std::vector<int> widths_, kept_widths_;
+    QStringList fitted_headings_; ///< which the columns were sized for last
     bool widths_are_the_users_ = false;
     bool following_ = false; ///< the program, not the user, moves the current row
     bool fitting_ = false;

@@ -71,6 +71,7 @@ void frmMain::Refresh_menus() {
           QStringLiteral("a mission has to be selected"));
     Allow(scan_action_, free && !program_.SELECTED_GAME_TAB.isEmpty(),
           QStringLiteral("a game has to be chosen"));
+    Allow(summary_action_, free && !shows_empty_state(), QLatin1String(no_game));
     for (QAction *action : games_menu_->actions())
         if (!action->data().isNull())
             Allow(action, Game_is_set_up(program_, action->data().toString()),
@@ -135,7 +136,7 @@ void frmMain::Make_view_menu() {
     mode_action_ = Add_action(menu, QStringLiteral("&Go Lite Mode"), {},
                               QStringLiteral("Shows the details section or leaves it out"),
                               [this] { Switch_Mode(program_); });
-    trace_action_ = Add_action(menu, QStringLiteral("&Debug Console"), QStringLiteral("Ctrl+Shift+D"),
+    trace_action_ = Add_action(menu, QStringLiteral("&Debug Console"), QStringLiteral("F12"),
                                QStringLiteral("Shows what the program does while it works"),
                                [this] { set_debug(program_, true); });
     trace_action_->setVisible(debug_enabled(program_));
@@ -157,6 +158,9 @@ void frmMain::Make_games_menu() {
     scan_action_ = Add_action(games_menu_, QStringLiteral("&Scan again"), QStringLiteral("F5"),
                               QStringLiteral("Looks through the mission folders anew"),
                               [this] { commands->Scan_again(); });
+    summary_action_ = Add_action(games_menu_, QStringLiteral("&Library summary…"), QStringLiteral("Ctrl+L"),
+                                 QStringLiteral("Tells what the last scan of each game found"),
+                                 [this] { Show_library_summary(); });
 }
 
 void frmMain::Make_help_menu() {
@@ -179,6 +183,7 @@ void frmMain::Show_about() {
         "<tr><td>Ctrl+I, Ctrl+P</td><td>install, play</td></tr>"
         "<tr><td>Ctrl+F</td><td>find in the list or in the readme</td></tr>"
         "<tr><td>F5</td><td>scan again</td></tr>"
+        "<tr><td>Ctrl+L</td><td>what the last scans found</td></tr>"
         "<tr><td>F6, F7, F8</td><td>to the list, to the readme, to your score</td></tr></table>"));
     box.exec();
 }

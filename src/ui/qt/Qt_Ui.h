@@ -3,6 +3,7 @@
 #include "core/Full_Lite.h"
 #include "ui/Ui.h"
 
+#include <QSize>
 #include <QStringList>
 
 #include <deque>
@@ -37,6 +38,7 @@ struct Window_Script {
     QStringList status;             ///< every text of status panel 1
     QStringList links;              ///< addresses for the user's browser
     std::function<void(const Box &, Answer)> on_box;
+    QSize screen_room; ///< what the screen has room for; empty: as it is
 };
 
 /// "text|pattern|text|pattern" as the toolkit's file dialogs want it, each text as it is told. The desktop's

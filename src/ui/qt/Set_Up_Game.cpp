@@ -125,6 +125,10 @@ QString Set_Up_Panel::game() const {
     return games_->currentData().toString();
 }
 
+QWidget *Set_Up_Panel::First_control() const {
+    return choose_game_;
+}
+
 void Set_Up_Panel::Take_focus() {
     choose_game_->setFocus(Qt::OtherFocusReason);
 }

@@ -29,6 +29,7 @@ public:
     void Choose_game(const QString &code);
     QString game() const;
     void Take_focus();
+    QWidget *First_control() const;
 
 Q_SIGNALS:
     void Game_set_up(const QString &code);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Key_Manners.h"
 #include "Trace_Console_Window.h"
 
 #include <QPointer>
@@ -36,6 +37,7 @@ private:
     Program &program_;
     Qt_Ui &ui_;
     QSize wanted_size_;
+    Key_Manners manners_;
     std::unique_ptr<frmMain> window_;
     QPointer<Trace_Console_Window> console_;
 };

@@ -7,6 +7,7 @@
 #include "Fm_List_Panel.h"
 #include "Fm_Table.h"
 #include "Game_Toolbar.h"
+#include "Library_Summary.h"
 #include "Notes_Window.h"
 #include "Qt_Ui.h"
 #include "Readme_Actions.h"
@@ -26,7 +27,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -52,11 +52,7 @@ constexpr int first_working_picture = 2, last_working_picture = 10;
 // Milliseconds: a turn of the light in a second, and how long the splitter rests before its place is kept.
 constexpr int light_step = 125, housekeeping_step = 1000, focus_step = 100, splitter_rest = 400;
 constexpr int presence_step = 60 * 1000;
-
-/// What the screen has room for.
-QSize Screen_room() {
-    return QGuiApplication::primaryScreen()->availableSize();
-}
+constexpr int frame_delay = 200; ///< milliseconds until a window manager has put its frame round the window
 
 } // namespace
 
@@ -211,6 +207,7 @@ void frmMain::Connect_panels() {
     connect(games, &Game_Toolbar::Set_up_wanted, this, &frmMain::Set_up);
     connect(games, &Game_Toolbar::Configure_chosen, this, [this] { Show_settings(); });
     connect(games, &Game_Toolbar::Help_chosen, this, &frmMain::Show_about);
+    connect(list, &Fm_List_Panel::Game_chosen, commands, &Window_Commands::Choose_game);
     connect(list, &Fm_List_Panel::Row_chosen, commands, &Window_Commands::Choose_row);
     connect(list, &Fm_List_Panel::Heading_chosen, commands, &Window_Commands::Sort_by);
     connect(list, &Fm_List_Panel::Letter_typed, commands, &Window_Commands::Jump);
@@ -264,8 +261,8 @@ void frmMain::Start_timers() {
 void frmMain::Open() {
     const Window_Geometry kept = program_.screen.window;
     if (kept.width > 0 && kept.height > 0)
-        resize(QSize(kept.width, kept.height).expandedTo(minimumSize()));
-    list->Set_widths(kept.column_widths);
+        resize(QSize(kept.width, kept.height).boundedTo(Screen_room()).expandedTo(minimumSize()));
+    list->Set_widths(kept.column_widths, kept.columns_are_automatic);
     wanted_list_height_ = kept.list_height;
     if (kept.maximised)
         showMaximized();
@@ -273,6 +270,33 @@ void frmMain::Open() {
         show();
     Place_splitter();
     Tell_geometry();
+    QTimer::singleShot(frame_delay, this, &frmMain::Settle_on_screen);
+}
+
+/// What the screen has room for.
+QSize frmMain::Screen_room() const {
+    if (ui_.script && !ui_.script->screen_room.isEmpty())
+        return ui_.script->screen_room;
+    return screen()->availableSize();
+}
+
+/// Behind the showing: a window manager's frame takes room too, and without one nobody has given the keys.
+void frmMain::Settle_on_screen() {
+    if (ui_.script)
+        return;
+    if (!QApplication::activeWindow())
+        activateWindow();
+    if (isMaximized() || isFullScreen())
+        return;
+    const QRect room = screen()->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    resize(size().boundedTo(room.size() - frame).expandedTo(minimumSize()));
+    QRect place(frameGeometry().topLeft(), size() + frame);
+    place.moveBottomRight(
+        QPoint(std::min(place.right(), room.right()), std::min(place.bottom(), room.bottom())));
+    place.moveTopLeft(QPoint(std::max(place.left(), room.left()), std::max(place.top(), room.top())));
+    if (place.topLeft() != pos())
+        move(place.topLeft());
 }
 
 /// Once, when the list is shown first, which the first game that is set up brings about.
@@ -282,8 +306,8 @@ void frmMain::Place_splitter() {
     splitter_is_placed_ = true;
     centralWidget()->layout()->activate();
     work_area_->layout()->activate();
-    pages_->layout()->activate();
-    const int all = rows_->sizes().value(0) + rows_->sizes().value(1);
+    rows_->resize(pages_->size()); // a page that has just come to the front is not laid out yet
+    const int all = rows_->height() - rows_->handleWidth();
     const int list_height =
         wanted_list_height_ > 0 ? wanted_list_height_ : std::max(least_list_height, all * 2 / 5);
     rows_->setSizes({list_height, std::max(least_lower_height, all - list_height)});
@@ -301,6 +325,7 @@ void frmMain::Tell_geometry() {
     }
     window.list_height = rows_->sizes().value(0);
     window.column_widths = list->Widths();
+    window.columns_are_automatic = list->Widths_are_automatic();
 }
 
 void frmMain::changeEvent(QEvent *event) {
@@ -325,6 +350,7 @@ void frmMain::Show_light(int index, const QString &text) {
 
 void frmMain::Refresh_games() {
     games->Refresh();
+    list->Refresh_empty_state();
     pages_->setCurrentIndex(Any_game_is_set_up(program_) ? 1 : 0);
     find->setVisible(!shows_empty_state());
     Place_splitter();
@@ -384,11 +410,13 @@ void frmMain::Refresh_access() {
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
+/// While a procedure works nothing takes the keys: they go there once it is done.
 void frmMain::Focus_first() {
-    if (shows_empty_state())
-        empty_state->set_up()->Take_focus();
+    QWidget *first = shows_empty_state() ? empty_state->set_up()->First_control() : list->table();
+    if (work_area_->isEnabled())
+        first->setFocus(Qt::OtherFocusReason);
     else
-        list->setFocusToList();
+        focus_before_work_ = first;
 }
 
 void frmMain::Find_here() {
@@ -460,6 +488,15 @@ void frmMain::Scan_first_game() {
                 this, [this, code] { commands->Choose_game(code); }, Qt::QueuedConnection);
             return;
         }
+}
+
+void frmMain::Show_library_summary() {
+    Library_Summary_Window summary(program_, this);
+    QString chosen;
+    connect(&summary, &Library_Summary_Window::Game_chosen,
+            [&chosen](const QString &code) { chosen = code; });
+    summary.exec();
+    commands->Choose_game(chosen);
 }
 
 void frmMain::Show_trace_entry(bool shown) {

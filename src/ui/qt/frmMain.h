@@ -60,6 +60,7 @@ public:
     /// Lists the first game that has both folders, unless a list is there already.
     void Scan_first_game();
     void Show_game_diagnostic();
+    void Show_library_summary();
     /// The details section as the mode wants it, the columns as the tweaks want them.
     void Position_panels();
     /// The menu entry of the trace console comes or goes.
@@ -111,6 +112,8 @@ private:
     /// Where the window stands, for whoever stores it.
     void Tell_geometry();
     void Place_splitter();
+    QSize Screen_room() const;
+    void Settle_on_screen();
 
     Program &program_;
     Qt_Ui &ui_;
@@ -121,7 +124,7 @@ private:
     QMenu *view_menu_ = nullptr, *games_menu_ = nullptr, *sort_menu_ = nullptr;
     QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
     QAction *reset_action_ = nullptr, *mode_action_ = nullptr, *trace_action_ = nullptr;
-    QAction *opinions_action_ = nullptr;
+    QAction *opinions_action_ = nullptr, *summary_action_ = nullptr;
     QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_, presence_timer_;
     QPointer<QWidget> focus_before_work_;
     bool told_busy_ = false;
