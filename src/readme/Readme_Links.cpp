@@ -173,7 +173,9 @@ QString Tidy_contact(const QString &value) {
         return {};
     const QString trimmed = value.trimmed();
     const QString piece = Without_wrapping(trimmed.section(QLatin1Char(' '), 0, 0).trimmed());
-    return piece.contains(QLatin1Char('@')) ? piece : First_mail_address(value);
+    // "http://x.org/@ann" is a page, not a mail address.
+    const bool is_address = piece.contains(QLatin1Char('@')) && !piece.contains(QLatin1String("://"));
+    return is_address ? piece : First_mail_address(value);
 }
 
 QString Tidy_home_page(const QString &value) {

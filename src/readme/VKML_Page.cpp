@@ -103,24 +103,30 @@ constexpr std::array<Author_Field, 3> author_fields{{
 void Take_structure(Page_Header &header, const QString &line) {
     if (!line.contains(QLatin1String("[VKFMSTRUCTURE]"), Qt::CaseInsensitive))
         return;
-    const QString bare = Without_tags(line, {"VKFMSTRUCTURE", "VKNL"});
+    const QString bare = Without_tags(line, {"VKFMSTRUCTURE"});
     if (header.title.isEmpty())
         Fill_field(header.title, Title_of_line(bare));
     if (header.game.isEmpty())
         Fill_field(header.game, Game_of_line(bare));
 }
 
+void Take_fields(Page_Header &header, const QString &line) {
+    Take_structure(header, line);
+    for (const Author_Field &author_field : author_fields) {
+        QString &field = header.*author_field.field;
+        if (field.isEmpty() && line.contains(QLatin1String(author_field.word), Qt::CaseInsensitive))
+            Fill_field(field,
+                       Label_value(Without_tags(line, {"VKAUTHOR"}), QLatin1String(author_field.pattern)));
+    }
+}
+
+/// A field ends where its line ends for a reader, whatever stands behind it in the file.
 Page_Header Header_of_vkml(const QString &text) {
     Page_Header header;
-    for (const QString &line : Split_lines(text)) {
-        Take_structure(header, line);
-        for (const Author_Field &author_field : author_fields) {
-            QString &field = header.*author_field.field;
-            if (field.isEmpty() && line.contains(QLatin1String(author_field.word), Qt::CaseInsensitive))
-                Fill_field(field, Label_value(Without_tags(line, {"VKAUTHOR", "VKNL"}),
-                                              QLatin1String(author_field.pattern)));
-        }
-    }
+    for (const QString &line : Split_lines(text))
+        for (const QString &shown_line :
+             line.split(QStringLiteral("[VKNL]"), Qt::KeepEmptyParts, Qt::CaseInsensitive))
+            Take_fields(header, shown_line);
     header.contact = Tidy_contact(header.contact);
     header.home_page = Tidy_home_page(header.home_page);
     return header;

@@ -93,6 +93,8 @@ TEST(Tidy_contact, Gives_an_address_or_nothing) {
              {"the forum", ""},
              {"", ""},
              {"a'b@x.org", "a'b@x.org"},
+             {"http://x.org/@ann", ""},
+             {"http://x.org/@ann or ann@x.org", "ann@x.org"},
          })
         EXPECT_EQ(Tidy_contact(row.text), row.found) << row.text;
 }

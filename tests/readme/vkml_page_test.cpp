@@ -113,6 +113,16 @@ TEST_F(VKML_Page_Test, The_header_comes_from_structure_and_author_lines) {
         << body.toStdString();
 }
 
+TEST_F(VKML_Page_Test, A_field_ends_at_the_line_break_of_the_page) {
+    const QString body =
+        body_of("[VKFMSTRUCTURE]Game : Thief 2[/VKFMSTRUCTURE][VKNL][VKFMSTRUCTURE]Mission Title : "
+                "Harbour[/VKFMSTRUCTURE][vknl][VKAUTHOR]Author : Ann Lee[/VKAUTHOR][VKNL]\r\n");
+    EXPECT_TRUE(body.contains("<td class='VKTITLE'>Harbour</td></tr>\r\n"
+                              "<tr><td class='VKSUBTITLE'>A 'Thief 2' Fan Mission</td></tr>\r\n"
+                              "<tr><td class='VKSUBTITLE'>   By Ann Lee</td></tr>"))
+        << body.toStdString();
+}
+
 TEST_F(VKML_Page_Test, Header_lines_are_found_with_tags_in_lower_case) {
     EXPECT_TRUE(body_of("[vkfmstructure]Mission Title : Harbour[/vkfmstructure][vknl]\n")
                     .contains("<td class='VKTITLE'>Harbour</td>"));
