@@ -10,13 +10,13 @@ class Custom_Lists : public Console {
 protected:
     Custom_Lists() {
         world.write("games/Quake/quake.exe", "MZ game");
-        world.write("home/Vantrosk_QBAR.ini", ("[QBAR_1]\r\nPath=" + world.windows("runner.sh") +
-                                               "\r\nToolTip=A launcher\r\nisgame=FALSE\r\n\r\n"
-                                               "[QBAR_2]\r\nisgame=TRUE\r\nGameName=Quake Game\r\nFMpath=" +
-                                               world.windows("maps") +
-                                               "\r\nInstallPath=" + world.windows("games/Quake") +
-                                               "\r\nMissionFileExtention=bsp\r\nmapfile_folder=maps\\\r\n\r\n")
-                                                  .toUtf8());
+        world.write("home/Vantrosk_QBAR.ini",
+                    ("[QBAR_1]\r\nPath=" + world.windows("runner.sh") +
+                     "\r\nToolTip=A launcher\r\nisgame=FALSE\r\n\r\n"
+                     "[QBAR_2]\r\nisgame=TRUE\r\nGameName=Quake Game\r\nFMpath=" +
+                     world.windows("maps") + "\r\nInstallPath=" + world.windows("games/Quake") +
+                     "\r\nMissionFileExtention=bsp\r\nmapfile_folder=maps\\\r\n\r\n")
+                        .toUtf8());
         world.zip("maps/vault.zip", {{"maps/vault.bsp", "map"}, {"vault.txt", "Title : The Vault\r\n"}});
         world.zip("maps/flat.zip", {{"flat.bsp", "map"}});
     }
@@ -36,7 +36,8 @@ TEST_F(Custom_Lists, A_game_of_the_users_own_is_listed_by_its_name) {
     const Console_Run scan = run({"--json", "scan", "quake game"});
     EXPECT_EQ(scan.exit_code, 0) << scan.err.join('\n').toStdString();
     EXPECT_EQ(scan.json()["game"].toString(), "Quake Game");
-    EXPECT_EQ(scan.json()["caption"].toString(), "Vantrosk (1.4194 - 3-March-09) - Found 1 (Quake Game) FMs ");
+    EXPECT_EQ(scan.json()["caption"].toString(),
+              "Vantrosk (1.4194 - 3-March-09) - Found 1 (Quake Game) FMs ");
     EXPECT_EQ(scan.json()["not_structured"].toArray(), QJsonArray{"flat.zip"});
     QStringList rows;
     for (const QJsonValue &row : scan.json()["rows"].toArray())
@@ -50,8 +51,8 @@ TEST_F(Custom_Lists, A_mission_of_it_is_told_with_its_folder) {
     EXPECT_EQ(info.exit_code, 0) << info.err.join('\n').toStdString();
     const QStringList told{info.json()["name"].toString(), info.json()["game_text"].toString(),
                            info.json()["active_game"].toString(), info.json()["game_path"].toString()};
-    EXPECT_EQ(told, (QStringList{"The Vault", "CUSTOM - Quake Game", "Quake Game",
-                                 world.native("games/Quake")}));
+    EXPECT_EQ(told,
+              (QStringList{"The Vault", "CUSTOM - Quake Game", "Quake Game", world.native("games/Quake")}));
 }
 
 TEST_F(Custom_Lists, A_score_is_kept_and_a_reset_forgets_it) {

@@ -1,6 +1,5 @@
-#include "library/Custom_Archives.h"
-
 #include "core/Program.h"
+#include "library/Custom_Archives.h"
 #include "library/Fm_List_View.h"
 #include "support/World.h"
 
@@ -40,8 +39,8 @@ TEST_F(Custom_Archives, A_button_tells_all_that_the_list_needs) {
     ASSERT_TRUE(Get_archives_of_custom_game(world.program(), "QUAKE game"));
     const Program &program = world.program();
     const Custom_Game &game = program.custom;
-    const QStringList told{program.SELECTED_GAME_TAB, program.custom_name,   program.custom_extensions,
-                           program.custom_game_path,  game.zip_folders,      game.full_folder_path,
+    const QStringList told{program.SELECTED_GAME_TAB, program.custom_name,    program.custom_extensions,
+                           program.custom_game_path,  game.zip_folders,       game.full_folder_path,
                            game.saves_path,           game.backup_saves_path, game.saves_extensions,
                            game.saves_left_alone};
     EXPECT_EQ(told, (QStringList{"CUSTOM", "Quake Game", "bsp", world.windows("games/quake"),

@@ -35,24 +35,38 @@ void Expect_limits(QString (*extractor)(const QString &), const QString &value,
 
 TEST(Readme_Fields, Every_title_label_takes_fifty_blanks_and_no_more) {
     Expect_limits(Title_of_line, "X",
-                  {{"Mission Title", 50, ":", ""},      {"Title", 50, ":", ""},
-                   {"TITLE", 50, ":", ""},              {"Level Name", 50, ":", ""},
-                   {"Mission", 50, ":", ""},            {"Campaign Title", 50, ":", ""},
-                   {"Map Name", 50, ":", ""},           {"Mission Name", 50, ":", ""},
-                   {"Mapname", 50, "-", ""},            {"The Mission Title", 50, ":", ""},
-                   {"Missions Titel", 50, ":", ""},     {"Titel der Mission ", 50, ":", ""},
-                   {"Titel", 50, ":", ""},              {"Titre de la Mission", 50, ":", ""},
-                   {"Titre", 50, ":", ""},              {"Level Names", 50, ":", ""},
-                   {"Mission Titles", 50, ":", ""},    {"Name", 50, ":", ""},
-                   {"N\u00E1zev Levelu", 50, ":", ""},  {"Chapter Title", 50, ":", ""}});
+                  {{"Mission Title", 50, ":", ""},
+                   {"Title", 50, ":", ""},
+                   {"TITLE", 50, ":", ""},
+                   {"Level Name", 50, ":", ""},
+                   {"Mission", 50, ":", ""},
+                   {"Campaign Title", 50, ":", ""},
+                   {"Map Name", 50, ":", ""},
+                   {"Mission Name", 50, ":", ""},
+                   {"Mapname", 50, "-", ""},
+                   {"The Mission Title", 50, ":", ""},
+                   {"Missions Titel", 50, ":", ""},
+                   {"Titel der Mission ", 50, ":", ""},
+                   {"Titel", 50, ":", ""},
+                   {"Titre de la Mission", 50, ":", ""},
+                   {"Titre", 50, ":", ""},
+                   {"Level Names", 50, ":", ""},
+                   {"Mission Titles", 50, ":", ""},
+                   {"Name", 50, ":", ""},
+                   {"N\u00E1zev Levelu", 50, ":", ""},
+                   {"Chapter Title", 50, ":", ""}});
 }
 
 TEST(Readme_Fields, Every_author_label_takes_fifty_blanks_and_authors_ten_more) {
     Expect_limits(Author_of_line, "X",
-                  {{"Author", 50, ":", ""},          {"AUTHORS", 50, ":", ""},
-                   {"Autor", 50, ":", ""},           {"By", 50, ":", ""},
-                   {"Created By", 50, ":", ""},      {"Mission Creator", 50, ":", ""},
-                   {"Author", 50, "-", ""},          {"Authors", 60, ":", "s%"}});
+                  {{"Author", 50, ":", ""},
+                   {"AUTHORS", 50, ":", ""},
+                   {"Autor", 50, ":", ""},
+                   {"By", 50, ":", ""},
+                   {"Created By", 50, ":", ""},
+                   {"Mission Creator", 50, ":", ""},
+                   {"Author", 50, "-", ""},
+                   {"Authors", 60, ":", "s%"}});
 }
 
 TEST(Readme_Fields, Every_game_label_takes_fifty_blanks) {
@@ -113,7 +127,8 @@ TEST(Readme_Fields, A_line_counts_from_six_characters_on) {
 TEST(Readme_Fields, Control_characters_are_no_part_of_a_value) {
     EXPECT_EQ(Title_of_line(QString("Title: Va") + QChar(0) + "u\x1B[31mlt\x7F"), "Vau[31mlt");
     EXPECT_EQ(Author_of_line(QString("Author: A\x07") + "nn"), " Ann");
-    EXPECT_EQ(Vkml_title_of_line(QString("[VKCENTER][VKTITLE]Va") + QChar(0) + "ult[/VKTITLE][VKNL]"), "Vault");
+    EXPECT_EQ(Vkml_title_of_line(QString("[VKCENTER][VKTITLE]Va") + QChar(0) + "ult[/VKTITLE][VKNL]"),
+              "Vault");
     EXPECT_EQ(Label_value(QString("Contact: a\x1B") + "b", "^Contact:"), "ab");
 }
 

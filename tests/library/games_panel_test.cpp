@@ -1,7 +1,7 @@
-#include "library/Games_Panel.h"
+#include "scan_World.h"
 
 #include "core/mdlStartup.h"
-#include "scan_World.h"
+#include "library/Games_Panel.h"
 
 #include <gtest/gtest.h>
 
@@ -17,10 +17,14 @@ QStringList Shown(Program &program) {
     return rows;
 }
 
-const QStringList core_games{
-    "T1|Thief The Dark Project|||||",    "TG|Thief Gold|||||",    "T2|Thief The Metal Age|||||",
-    "T3|Thief Deadly Shadows|||||",      "DM|Dark Metal|||||",    "DMOD|The Dark Mod|||||",
-    "T2X|Thief 2X|||||",                 "SS2|System Shock 2|||||"};
+const QStringList core_games{"T1|Thief The Dark Project|||||",
+                             "TG|Thief Gold|||||",
+                             "T2|Thief The Metal Age|||||",
+                             "T3|Thief Deadly Shadows|||||",
+                             "DM|Dark Metal|||||",
+                             "DMOD|The Dark Mod|||||",
+                             "T2X|Thief 2X|||||",
+                             "SS2|System Shock 2|||||"};
 
 } // namespace
 

@@ -1,11 +1,11 @@
 #include "scan_World.h"
 
 #include <gtest/gtest.h>
-
-#include <csignal>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace vantrosk {
 

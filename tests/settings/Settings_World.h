@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Refusing_Files.h"
+
 #include "core/mdlDebug.h"
 #include "core/mdlFile_Functions.h"
 #include "support/World.h"
@@ -13,6 +15,9 @@ namespace vantrosk {
 class Settings_World : public World {
 public:
     Settings_World() {
+        auto refusing = std::make_unique<Refusing_Files>(std::move(platform.files));
+        disk = refusing.get();
+        platform.files = std::move(refusing);
         set_debug(program(), true);
         program().server_base_url = "http://vantrosk.example";
         reopen();
@@ -47,6 +52,7 @@ public:
     }
     QString folder_of(const QString &code) const { return controls.of(code).game_folder; }
 
+    Refusing_Files *disk; ///< the platform's
     Settings_Controls controls;
     QStringList listed; ///< "CODE FOLDER" of each reference file that was asked for
     bool reference_fails = false;

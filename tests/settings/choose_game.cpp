@@ -201,6 +201,23 @@ TEST(Choose_Game, A_dark_engine_game_that_reads_its_disc_is_asked_about_and_chan
     }
 }
 
+TEST(Choose_Game, A_folder_without_rights_or_room_keeps_its_files_and_the_tab_is_filled_all_the_same) {
+    Settings_World world;
+    world.controls.of("T2X").game_folder = "C:\\other";
+    world.drive_c("Game/install.cfg", "resname_base d:\\\r\n");
+    world.drive_c("Game/Cam.cfg", "x\r\n");
+    world.drive_c("Game/convict.osm");
+    world.drive_c("Game/MESH.CRF", "meshes");
+    const Snapshot before = world.snapshot("prefix/drive_c");
+    world.disk->refuse(1, 1000);
+    Locate(world, "T2", "Game/thief2.exe", {Answer::yes});
+    world.disk->refuse(0, -1);
+    EXPECT_EQ(world.snapshot("prefix/drive_c"), before);
+    EXPECT_EQ(world.folder_of("T2"), "C:\\Game");
+    EXPECT_EQ(world.said().last(), Offer_text("Thief 2"));
+    EXPECT_FALSE(world.ui.trace.filter("CONFIG: Ignored Error in T1 Optomisation: (28) ").isEmpty());
+}
+
 TEST(Choose_Game, Thief_3_takes_the_saves_that_its_set_up_names) {
     Settings_World world;
     world.registry({{"Software\\Wow6432Node\\Ion Storm\\Thief - Deadly Shadows\\ION_ROOT", "C:\\T3"},

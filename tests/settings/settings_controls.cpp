@@ -222,6 +222,16 @@ TEST(Settings, An_ini_that_can_not_be_written_is_a_fault) {
     EXPECT_TRUE(Save_Settings(world.program(), world.controls));
 }
 
+TEST(Settings, On_a_full_disk_the_ini_stays_as_it_was) {
+    Settings_World world;
+    ASSERT_FALSE(Save_Settings(world.program(), world.controls));
+    const QByteArray before = world.read("home/Vantrosk.ini");
+    Add_Folder(world.controls, "T2", "C:\\FMs\\");
+    world.disk->refuse(1, 1000);
+    EXPECT_TRUE(Save_Settings(world.program(), world.controls));
+    EXPECT_EQ(world.read("home/Vantrosk.ini"), before);
+}
+
 TEST(Reference_Offer, No_makes_nothing) {
     Settings_World world;
     world.controls.of("T2").game_folder = "C:\\T2";

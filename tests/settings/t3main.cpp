@@ -160,6 +160,30 @@ TEST(T3main, A_backup_that_can_not_be_made_stops_the_swap) {
     EXPECT_EQ(world.game_file("user_patch.ini"), pools);
 }
 
+TEST(T3main, Whichever_change_fails_one_whole_program_stays_and_the_old_one_is_never_lost) {
+    for (const bool for_good : {false, true}) {
+        int changes = 1;
+        for (int step = 1; step <= changes; ++step) {
+            T3_World world;
+            world.has_zip();
+            world.disk->refuse(step, for_good ? 1000 : step);
+            world.check({Answer::yes});
+            changes = qMax(changes, world.disk->changes());
+            world.disk->refuse(0, -1);
+            const QByteArray now = world.program().files.read_file("C:\\T3\\System\\T3MAIN.EXE", 100).value;
+            const QByteArray kept = world.game_file("T3MAIN.EXE.OLD");
+            if (now != "the old build") {
+                EXPECT_EQ(kept, "the old build") << step;
+            }
+            if (!for_good) {
+                EXPECT_TRUE(now == "the right build" || now == "the old build") << step;
+            }
+            EXPECT_EQ(world.said().contains(replaced), now == "the right build") << step;
+        }
+        EXPECT_GT(changes, 2);
+    }
+}
+
 /// Vista keeps what is written below "Program Files" elsewhere.
 class Vista_World : public T3_World {
 public:
