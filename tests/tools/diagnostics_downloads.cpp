@@ -112,6 +112,12 @@ TEST_F(Reference_Files_Of_The_Server, With_nothing_new_the_page_says_so) {
                                    closing, "</body></html>"}));
 }
 
+TEST_F(Reference_Files_Of_The_Server, A_page_that_can_not_be_written_is_not_shown) {
+    world.make_folder("home/temp/newreffiles.htm");
+    offer("DIAG_T2_clean.VKDR#i#20260101¬¬");
+    EXPECT_FALSE(look());
+}
+
 TEST_F(Reference_Files_Of_The_Server, A_file_is_offered_when_it_is_missing_or_known_to_be_older) {
     struct Case {
         bool is_there;

@@ -123,10 +123,13 @@ bool Reference_Downloads::Look_for_new_files() {
     if (!text.contains(record_end))
         return false;
     Offer_records(text);
-    Write_page();
+    Make_page();
     if (!offers_.empty())
         label_ = QStringLiteral("%1 new game diagnostic Reference files").arg(offers_.size());
-    return FileExists(program_, page_path());
+    if (Write_page())
+        return true;
+    label_ = QStringLiteral("The page of the new reference files could not be written.");
+    return false;
 }
 
 void Reference_Downloads::Offer_records(const QString &text) {
@@ -157,7 +160,7 @@ bool Reference_Downloads::Is_wanted(const Reference_Offer &offer) const {
     return !known.is_empty() && Is_older(known.text(0, "Created_date"), offer.created);
 }
 
-void Reference_Downloads::Write_page() {
+void Reference_Downloads::Make_page() {
     page_lines_ = {
         Page_Head(program_, false, false), "<table border='1' width='95%' cellspacing='0' cellpadding='0'>",
         "<tr class='VKINFO HIGHLIGHTYELLOW TEXTBLACK'><td>File Name</td><td>Reference Info</td></tr>"};
@@ -174,8 +177,13 @@ void Reference_Downloads::Write_page() {
                 << Link(close_word + QStringLiteral("=true"), {},
                         "Click here to return to the Game Diagnostic Tool")
                 << "</body></html>";
-    if (const Fault fault = Write_text_lines(program_, page_path(), page_lines_))
+}
+
+bool Reference_Downloads::Write_page() {
+    const Fault fault = Write_text_lines(program_, page_path(), page_lines_);
+    if (fault)
         debug_print(program_, "TOOLS: " + fault.text);
+    return !fault;
 }
 
 Offer_View Reference_Downloads::Take_link(const QString &address) {
@@ -253,8 +261,7 @@ void Reference_Downloads::Record(const Reference_Offer &offer) {
 void Reference_Downloads::Remove_row(const QString &name) {
     const QString mark = "id='" + Name_in_row(name) + "'";
     page_lines_.removeIf([&mark](const QString &line) { return line.contains(mark); });
-    if (const Fault fault = Write_text_lines(program_, page_path(), page_lines_))
-        debug_print(program_, "TOOLS: " + fault.text);
+    Write_page();
 }
 
 } // namespace vantrosk

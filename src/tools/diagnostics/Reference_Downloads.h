@@ -34,7 +34,8 @@ class Reference_Downloads {
 public:
     explicit Reference_Downloads(Program &program) : program_(program) {}
 
-    /// Asks the server and writes the page of its offers. False when it had nothing to say.
+    /// Asks the server and writes the page of its offers. False when it had nothing to say, or when the page
+    /// could not be written.
     bool Look_for_new_files();
     /// Takes a link of the page by its whole address. One at a time: events are let through meanwhile.
     Offer_View Take_link(const QString &address);
@@ -46,7 +47,8 @@ public:
 private:
     void Offer_records(const QString &text);
     bool Is_wanted(const Reference_Offer &offer) const;
-    void Write_page();
+    void Make_page();
+    bool Write_page();
     Offer_View Fetch_single(const QString &name);
     Offer_View Fetch_all();
     bool Fetch(const QString &name);

@@ -100,9 +100,12 @@ Reference Read_reference_text(const QString &text, const QString &game_folder) {
     return reference;
 }
 
-Reference Read_reference(const Program &program, const QString &path, const QString &game_folder) {
+Reference Read_reference(Program &program, const QString &path, const QString &game_folder) {
     const auto bytes = program.files.read_start(path, largest_reference);
-    return bytes.ok() ? Read_reference_text(Decode_text(bytes.value), game_folder) : Reference();
+    if (bytes.ok())
+        return Read_reference_text(Decode_text(bytes.value), game_folder);
+    debug_print(program, "TOOLS: reference file not read: " + bytes.fault.text);
+    return {};
 }
 
 QString Shown_info(const Reference &reference) {

@@ -44,8 +44,8 @@ struct Reference {
 };
 
 /// Lines in any order; those that begin with "/" or ";" are comments. At most 64 MiB and 500,000 files are
-/// read. `game_folder` is put before the paths.
-Reference Read_reference(const Program &program, const QString &path, const QString &game_folder);
+/// read. `game_folder` is put before the paths. A file that can not be read leaves a trace line.
+Reference Read_reference(Program &program, const QString &path, const QString &game_folder);
 Reference Read_reference_text(const QString &text, const QString &game_folder);
 /// Text for the user's eyes, with line breaks.
 QString Shown_info(const Reference &reference);
