@@ -1,5 +1,6 @@
-#include "ui/qt/Key_Manners.h"
 #include "window/Window_World.h"
+
+#include "ui/qt/Key_Manners.h"
 
 #include <QApplication>
 #include <QCheckBox>

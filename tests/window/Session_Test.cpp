@@ -174,11 +174,17 @@ TEST_F(Session, A_size_from_a_larger_screen_is_cut_to_what_this_one_has_room_for
 }
 
 TEST_F(Session, The_first_window_of_all_fits_a_small_screen) {
-    program = std::make_unique<Program>(files.platform, ui, files.windows("home"));
-    session = std::make_unique<Window_Session>(*program, ui);
-    ui.script->screen_room = {1024, 700};
-    ASSERT_TRUE(session->Start({}));
-    EXPECT_EQ(Window().size(), QSize(1024, 700));
+    for (const QSize room :
+         {QSize(1024, 700), QSize(960, 540)}) { // the second: a large one at double density
+        End();
+        Script();
+        program = std::make_unique<Program>(files.platform, ui, files.windows("home"));
+        session = std::make_unique<Window_Session>(*program, ui);
+        ui.script->screen_room = room;
+        ASSERT_TRUE(session->Start({}));
+        EXPECT_EQ(Window().size(), room);
+        Window().close();
+    }
 }
 
 TEST_F(Session, At_its_end_every_start_leaves_the_keys_with_the_list) {

@@ -36,7 +36,8 @@ QTableWidgetItem *Cell(const QString &text, bool is_number) {
 
 } // namespace
 
-Library_Summary::Library_Summary(Program &program, QWidget *parent) : QTableWidget(parent), program_(program) {
+Library_Summary::Library_Summary(Program &program, QWidget *parent)
+    : QTableWidget(parent), program_(program) {
     const QStringList headings = QString(QLatin1String(library_summary_headings)).split(u',');
     setObjectName(QStringLiteral("library_summary"));
     setAccessibleName(QStringLiteral("Library summary"));
@@ -100,9 +101,9 @@ Library_Summary_Window::Library_Summary_Window(Program &program, QWidget *parent
     setWindowTitle(QStringLiteral("Library summary"));
     Load_Library_Summary(program);
     auto *summary = new Library_Summary(program);
-    auto *about = new QLabel(summary->is_empty()
-                                 ? QStringLiteral("No game was scanned yet. Choose one on the left.")
-                                 : QStringLiteral("What the last scan of each game found."));
+    auto *about =
+        new QLabel(summary->is_empty() ? QStringLiteral("No game was scanned yet. Choose one on the left.")
+                                       : QStringLiteral("What the last scan of each game found."));
     about->setProperty("kind", QStringLiteral("second"));
     auto *buttons = new QDialogButtonBox;
     auto *close = buttons->addButton(QStringLiteral("&Close"), QDialogButtonBox::RejectRole);

@@ -14,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -79,7 +80,7 @@ Trace_Console_Window::Trace_Console_Window(Program &program, Qt_Ui &ui)
     setWindowTitle(QLatin1String(trace_console_title));
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowIcon(Program_icon());
-    resize(console_width, console_height);
+    resize(QSize(console_width, console_height).boundedTo(screen()->availableSize()));
 
     auto *notice = new QLabel(Trace_console_notice().remove(u'\r'));
     notice->setProperty("kind", QStringLiteral("second"));

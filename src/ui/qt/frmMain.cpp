@@ -73,8 +73,9 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     setObjectName(QStringLiteral("frmMain"));
     Apply_theme(theme_);
     setWindowTitle(program.screen.caption);
-    setMinimumSize(least_width, least_height);
-    resize(QSize(first_width, first_height).boundedTo(Screen_room()));
+    const QSize room = Screen_room();
+    setMinimumSize(QSize(least_width, least_height).boundedTo(room));
+    resize(QSize(first_width, first_height).boundedTo(room));
 
     commands = new Window_Commands(program, this);
     games = new Game_Toolbar(program, theme_, nullptr);
@@ -85,7 +86,9 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     empty_state = new Empty_State(program, ui, theme_, nullptr);
     status = new Status_Bar(nullptr);
 
-    list->setMinimumHeight(least_list_height);
+    // A screen of double density may be lower than the window likes: four rows do there.
+    list->setMinimumHeight(room.height() < least_height ? least_list_height - 2 * Fm_Table::row_height
+                                                        : least_list_height);
     rows_ = new QSplitter(Qt::Vertical);
     rows_->setObjectName(QStringLiteral("list_splitter"));
     rows_->setChildrenCollapsible(false);
