@@ -158,6 +158,19 @@ void db_Commit(Program &program) {
     }
 }
 
+void db_In_One_Step(Program &program, const std::function<void()> &work) {
+    db_Begin(program);
+    try {
+        work();
+    } catch (...) {
+        sqlite3 *connection = Connection(program);
+        if (sqlite3_get_autocommit(connection) == 0)
+            sqlite3_exec(connection, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+    db_Commit(program);
+}
+
 int Column_size(Program &program, const QString &table, const QString &column) {
     const QString sql =
         QString(

@@ -5,6 +5,7 @@
 #include "core/Glossary.h"
 #include "core/Ini_Values.h"
 #include "core/Later_Steps.h"
+#include "core/Play_State.h"
 #include "core/Screen.h"
 #include "core/Startup_Tables.h"
 #include "core/Timers.h"
@@ -121,6 +122,7 @@ struct Program {
     Later_Steps later_steps;
     Tab_Pages tab_pages;
     Timers timers;
+    Play_State play;
     std::unique_ptr<Audio_Library> audio;
     QString server_base_url, review_feed_url;
     QString VKGUID;

@@ -90,6 +90,25 @@ struct Editor_Button {
     bool enabled = false;
 };
 
+/// One of the missions that were played last, as its cell shows it.
+struct Recent_Cell {
+    int rank = 0; ///< 1 is the latest
+    QString zip, name, game;
+    QString zip_folder;     ///< ends in "\"
+    QString installed_date; ///< as stored
+    QString picture_path;   ///< Windows path; empty for the default picture
+    QString score_text, game_text;
+    QString picture_tip, number_tip, menu_text;
+    bool zip_found = true; ///< else the cell takes no click
+};
+
+/// The missions that were played last: their tab and their menu.
+struct Recent_List {
+    bool tab_shown = false; ///< its entry in the menu may be pressed then
+    QString column_widths;  ///< of the cells in twips, each with "," behind it
+    std::vector<Recent_Cell> cells;
+};
+
 struct Readme_Tab {
     QString key;
     QString caption;
@@ -134,6 +153,7 @@ struct Screen {
     Fm_List list;
     Details_Panel details;
     Editor_Button editor;
+    Recent_List recent;
     std::vector<Readme_Tab> readme_tabs; ///< beyond the readme itself
     QString readme_page;                 ///< where the readme browser was sent last
     bool busy = false;                   ///< a row is being examined, a scan or an install runs

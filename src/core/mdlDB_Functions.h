@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -55,6 +56,8 @@ Recordset db_Query(Program &program, const QString &sql);
 /// lets events through there. Both throw `Program_Error`; a commit that fails takes everything back.
 void db_Begin(Program &program);
 void db_Commit(Program &program);
+/// The statements of `work` between the two; what it throws takes them all back and goes on.
+void db_In_One_Step(Program &program, const std::function<void()> &work);
 
 /// The engine's own form of one statement. Works on tokens: text in quotes is never touched. Throws
 /// `Program_Error` for a quote that is not closed, a date that is none, or more than one statement.

@@ -10,6 +10,7 @@ constexpr const char *version_value =
     "HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\CurrentVersion";
 constexpr int milliseconds_between_attempts = 1000;
 constexpr int milliseconds_before_second_try = 500;
+constexpr int milliseconds_between_looks = 20;
 
 struct Version_Name {
     const char *number, *name;
@@ -63,6 +64,17 @@ int Cores_Running_on(Program &program, const QString &process_name, int retries,
     if (Windows_Version(program) == QLatin1String("WINXP") && Force_one_processor(program, process_name))
         return 1;
     return count;
+}
+
+Fault ShellAndWait(Program &program, const QString &exe, const QString &arguments, const QString &folder) {
+    const Result<Start_Result> started = program.platform.processes->start({exe, arguments, folder});
+    if (!started.ok())
+        return started.fault;
+    while (program.platform.processes->is_running(started.value.process_id)) {
+        program.ui.pump_events();
+        program.clock.sleep(milliseconds_between_looks);
+    }
+    return {};
 }
 
 bool Set_Affinity(Program &program, const QString &process_name, quint64 mask) {

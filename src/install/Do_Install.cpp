@@ -7,6 +7,7 @@
 #include "install/Install_Paths.h"
 #include "install/Install_Run.h"
 #include "install/Recover_Log.h"
+#include "install/Splash_Swap.h"
 #include "install/T3_Ini.h"
 #include "install/undo/Undo_List.h"
 #include "library/SetUp_Dromed.h"
@@ -118,6 +119,10 @@ Install_End Roll_back(Install_Run &run) {
 Install_End Run_stages(Install_Run &run) {
     if (run.program.CURRENT_GAME == "T3")
         RestoreT3Ini(run.program);
+    if (Is_doom_or_dark_mod(run.program.CURRENT_GAME))
+        Put_back_mission_splashes(run.program, run.program.CURRENT_GAME_PATH);
+    else
+        Put_back_splashes_of(run.program, run.program.CURRENT_GAME_PATH);
     Start_recover_log(run.program);
     run.previous = Read_undo_list(run.program, run.program.CURRENT_GAME_PATH);
     run.leaving = What_is_leaving(run);

@@ -1,12 +1,18 @@
 #include "install/Play.h"
 
+#include "tools/plugin_tools/Launch_Tools.h"
+
 #include "core/Program.h"
 #include "core/mdlDB_Functions.h"
 #include "core/mdlDebug.h"
+#include "core/mdlErrorHandler.h"
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "core/mdlFunctions.h"
-#include "install/Map_Search.h"
+#include "install/Game_Config.h"
+#include "install/Play_Starts.h"
+#include "install/Recent.h"
+#include "install/Splash_Swap.h"
 #include "install/T3_Ini.h"
 #include "install/undo/Undo_List.h"
 
@@ -26,14 +32,17 @@ struct Plain_Start {
     const char *engine;         ///< process whose processors are asked about afterwards; null for none
     const char *second_engine;  ///< the copy-protected engine's second process
     bool pauses_twice;          ///< before the question about the second process too
+    const char *splash_packs;   ///< folder of the packs whose pictures show at the start; null for none
+    bool Tweaks::*swaps_splash; ///< whether the user wants that
+    bool shows_map;             ///< the mission's map may be shown beside the game
 };
 constexpr std::array<Plain_Start, 6> plain_starts{{
-    {"T1", "thief.exe", nullptr, "thief.exe", nullptr, false},
-    {"TG", "thief.exe", nullptr, "thief.exe", nullptr, false},
-    {"T2", "thief2.EXE", nullptr, "thief2.exe", "thief2.icd", true},
-    {"T3", "T3.EXE", nullptr, nullptr, nullptr, false},
-    {"T2X", "T2X.EXE", nullptr, "thief2.exe", "thief2.icd", false},
-    {"SS2", "SHOCK2.EXE", "SS2MTFIX.EXE", "shock2.exe", "shock2.icd", false},
+    {"T1", "thief.exe", nullptr, "thief.exe", nullptr, false, "T1", &Tweaks::RESKIN_THIEF1, true},
+    {"TG", "thief.exe", nullptr, "thief.exe", nullptr, false, "T1", &Tweaks::RESKIN_THIEF1, true},
+    {"T2", "thief2.EXE", nullptr, "thief2.exe", "thief2.icd", true, "T2", &Tweaks::RESKIN_THIEF2, true},
+    {"T3", "T3.EXE", nullptr, nullptr, nullptr, false, nullptr, nullptr, false},
+    {"T2X", "T2X.EXE", nullptr, "thief2.exe", "thief2.icd", false, nullptr, nullptr, false},
+    {"SS2", "SHOCK2.EXE", "SS2MTFIX.EXE", "shock2.exe", "shock2.icd", false, nullptr, nullptr, false},
 }};
 
 constexpr int pause_before_processors = 100; ///< milliseconds
@@ -86,21 +95,6 @@ void Touch_last_played(Program &program) {
     program.ui.list_row_changed(row);
 }
 
-Play_Result Start_game(Program &program, const QString &file, const QString &arguments) {
-    Play_Result result;
-    const Start_Request request{program.CURRENT_GAME_PATH + "\\" + file, arguments,
-                                program.CURRENT_GAME_PATH};
-    const Result<Start_Result> started = program.platform.processes->start(request);
-    if (!started.ok()) {
-        debug_print(program, "MAIN FORM: " + started.fault.text);
-        result.refusal = started.fault.text;
-        return result;
-    }
-    result.start = started.value;
-    result.started = true;
-    return result;
-}
-
 void Ask_processors(Program &program, const Plain_Start &row) {
     if (!row.engine)
         return;
@@ -113,7 +107,20 @@ void Ask_processors(Program &program, const Plain_Start &row) {
     Cores_Running_on(program, row.second_engine, processor_tries, false);
 }
 
+/// What the user wants to see with the game.
+void Prepare_plain_start(Program &program, const Plain_Start &row) {
+    if (row.splash_packs && program.tweaks.*row.swaps_splash)
+        Swap_Splash(program, row.splash_packs);
+    const bool wants_map = program.play.map || program.play.dual_screen;
+    if (row.shows_map && wants_map && program.play.prepare_map)
+        program.play.prepare_map(row.engine);
+}
+
 Play_Result Start_plainly(Program &program, const Plain_Start &row) {
+    Prepare_plain_start(program, row);
+    // Whoever took the start over makes it.
+    if (row.shows_map && !program.play.launch_pending)
+        return {};
     const bool has_better =
         row.better_program && FileExists(program, program.CURRENT_GAME_PATH + "\\" + row.better_program);
     const Play_Result result = Start_game(program, has_better ? row.better_program : row.program, {});
@@ -131,89 +138,6 @@ Play_Result Start_dark_metal(Program &program) {
     return result;
 }
 
-/// A name with a blank stays one argument.
-QString As_argument(const QString &name) {
-    return name.contains(' ') ? "\"" + name + "\"" : name;
-}
-
-Play_Result Start_without_map(Program &program) {
-    const bool wanted = Ask_Ok_Cancel(program, "",
-                                      "WARNING: No map file was found, Vantrosk is unable to start the map "
-                                      "automatically, click OK to start Doom 3 normally or CANCEL to abort");
-    return wanted ? Start_game(program, "doom3.EXE", {}) : Play_Result{};
-}
-
-Play_Result Start_doom(Program &program) {
-    if (Is_original_row(program.FM_PANEL))
-        return Start_game(program, "doom3.EXE", {});
-    const QStringList maps = Find_maps(program);
-    if (maps.isEmpty())
-        return Start_without_map(program);
-    return Start_game(program, "doom3.EXE", " +map " + As_argument(maps.first()));
-}
-
-bool Dark_mod_is_installed(const Program &program) {
-    return program.ini.DMOD_INSTALLED || FolderExists(program, program.CURRENT_GAME_PATH + "\\darkmod") ||
-           FileExists(program, program.CURRENT_GAME_PATH + "\\darkmod.pk4");
-}
-
-QString Mission_folder(const Program &program) {
-    return program.fm.FM_FOLDER.isEmpty() ? program.CURRENT_GAME_PATH
-                                          : program.CURRENT_GAME_PATH + "\\" + program.fm.FM_FOLDER;
-}
-
-/// The Dark Mod's picture library makes its missions start: it is taken for the mod when it is there, or can
-/// be copied to the mission's folder.
-bool Bring_devil_dll(Program &program) {
-    const QString in_mission = Mission_folder(program) + "\\DevIL.dll";
-    const QString in_game = program.CURRENT_GAME_PATH + "\\DevIL.dll";
-    if (FileExists(program, in_mission))
-        return true;
-    if (!FileExists(program, in_game))
-        return false;
-    if (const Fault fault = program.files.copy_file(in_game, in_mission)) {
-        debug_print(program, "MAIN FORM: " + fault.text);
-        return false;
-    }
-    return true;
-}
-
-Play_Result Start_dark_mod_mission(Program &program, const QString &map) {
-    if (!Dark_mod_is_installed(program) && !Bring_devil_dll(program)) {
-        const bool as_map =
-            Ask_Yes_No(program, "",
-                       "You do not have The Dark Mod installed, Vantrosk will try and load this FM "
-                       "as a Doom 3 Map, do you want to do this");
-        return as_map ? Start_game(program, "doom3.EXE", "+map " + As_argument(map)) : Play_Result{};
-    }
-    QString name = FileNameFromPath(map);
-    name.replace(".map", "", Qt::CaseInsensitive);
-    name = As_argument(name);
-    const QString folder = Mission_folder(program);
-    const bool on_dark_mod =
-        FileExists(program, folder + "\\startingMap.txt") || FileExists(program, folder + "\\DarkMod.txt");
-    return Start_game(program, "doom3.EXE",
-                      on_dark_mod ? "+set fs_game_base darkmod +set fs_game " + name
-                                  : "+set fs_game " + name);
-}
-
-Play_Result Start_dark_mod_originals(Program &program) {
-    if (Dark_mod_is_installed(program))
-        return Start_game(program, "doom3.EXE", "+set fs_game darkmod");
-    const bool wanted =
-        Ask_Yes_No(program, "",
-                   "You do not have The Dark Mod installed, Vantrosk will run the original Doom 3 "
-                   "missions instead, do you want to do this");
-    return wanted ? Start_game(program, "doom3.EXE", {}) : Play_Result{};
-}
-
-Play_Result Start_dark_mod(Program &program) {
-    if (Is_original_row(program.FM_PANEL))
-        return Start_dark_mod_originals(program);
-    const QStringList maps = Find_maps(program);
-    return maps.isEmpty() ? Start_without_map(program) : Start_dark_mod_mission(program, maps.first());
-}
-
 struct Asking_Start {
     const char *game;
     Play_Result (*start)(Program &program);
@@ -225,6 +149,10 @@ constexpr std::array<Asking_Start, 3> asking_starts{{
 }};
 
 Play_Result Start_by_game(Program &program) {
+    if (program.SELECTED_GAME_TAB == QLatin1String("CUSTOM")) {
+        Touch_last_played(program);
+        return Start_custom_game(program);
+    }
     for (const Plain_Start &row : plain_starts) {
         if (program.CURRENT_GAME != QLatin1String(row.game))
             continue;
@@ -242,7 +170,47 @@ Play_Result Start_by_game(Program &program) {
     return result;
 }
 
+/// A fault among the user's tools shows its box, and the game starts all the same.
+void Run_startup_tools(Program &program) {
+    With_error_box(program, "cmdPlay_Click", "Form frmMain",
+                   [&] { Launch_Tools(program, Tools_of_current_game(program)); });
+}
+
+void Prepare_game_files(Program &program) {
+    if (program.CURRENT_GAME == "T3") {
+        RestoreT3Ini(program);
+        ApplyT3Patch(program);
+    }
+    const Multi_Player_Options &options = program.play.multi_player;
+    if (program.CURRENT_GAME == "SS2" && options.in_front)
+        WriteNetplayConfig(program, {options.joins, options.host_address, options.character_name,
+                                     program.screen.details.name});
+}
+
+void In_recent_list(Program &program, const char *procedure, void (*work)(Program &program)) {
+    if (program.tweaks.RECENTLY_USED)
+        With_error_box(program, procedure, "Form frmMain", [&] { work(program); });
+}
+
 } // namespace
+
+Play_Result Start_program(Program &program, const Start_Request &request) {
+    Play_Result result;
+    const Result<Start_Result> started = program.platform.processes->start(request);
+    if (!started.ok()) {
+        debug_print(program, "MAIN FORM: " + started.fault.text);
+        result.refusal = started.fault.text;
+        return result;
+    }
+    result.start = started.value;
+    result.started = true;
+    return result;
+}
+
+Play_Result Start_game(Program &program, const QString &file, const QString &arguments) {
+    return Start_program(program,
+                         {program.CURRENT_GAME_PATH + "\\" + file, arguments, program.CURRENT_GAME_PATH});
+}
 
 Play_Result Play_Command(Program &program) {
     debug_print(program, "MAIN FORM: Playing the game");
@@ -255,12 +223,14 @@ Play_Result Play_Command(Program &program) {
     const QStringList missing = Missing_scripts(program);
     if (!missing.isEmpty())
         return Refused(program, "Thief 2 is missing " + missing.join(" and "));
-    if (program.CURRENT_GAME == "T3") {
-        RestoreT3Ini(program);
-        ApplyT3Patch(program);
-    }
+    Run_startup_tools(program);
+    Prepare_game_files(program);
+    In_recent_list(program, "RecordRecent", RecordRecent);
     Set_Status_Panel(program, 1, "Tools started, now starting game.");
+    program.play.launch_pending = true;
     const Play_Result result = Start_by_game(program);
+    program.play.launch_pending = false;
+    In_recent_list(program, "Display_recently_used", Display_recently_used);
     Set_Status_Panel(program, 1, result.refusal);
     Set_Status_Light(program, 1);
     debug_print(program, "MAIN FORM: End Playing the game");
@@ -268,9 +238,11 @@ Play_Result Play_Command(Program &program) {
 }
 
 void After_Play(Program &program) {
+    Put_back_splashes(program);
     program.screen.details.play_enabled =
         IsCurrentlyInstalled(program, program.CURRENT_GAME_PATH, program.FM_PANEL, program.CURRENT_GAME);
     program.ui.details_changed();
+    program.ui.show_details_tab("FMOptions");
 }
 
 } // namespace vantrosk

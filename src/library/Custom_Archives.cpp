@@ -22,6 +22,9 @@ Archives_Request Request_of_button(const Profile_File &ini, const QString &secti
     request.custom_game_path = value("InstallPath");
     request.custom_mission_folder = value("mapfile_folder");
     Custom_Game &game = request.custom;
+    game.launch_exe = value("LaunchPath").isEmpty() ? value("Path") : value("LaunchPath");
+    game.launch_command = value("CMDLINE");
+    game.use_map_extension = ini.is_true(section, "USE_Map_Extention");
     game.use_map_folder = ini.is_true(section, "USE_Map_Folder_Name");
     game.full_folder_path = value("USE_Full_Folder_Path");
     game.saves_path = value("saves_path");

@@ -70,6 +70,9 @@ public:
     virtual void list_visible(bool visible) = 0; ///< hidden while it is filled
     virtual void details_changed() = 0;          ///< the details panel, buttons included
     virtual void readme_tabs_changed() = 0;
+    virtual void recent_changed() {} ///< the missions that were played last
+    /// Brings a page of the details section to the front: "FMOptions" and the like.
+    virtual void show_details_tab(const QString &key) { static_cast<void>(key); }
     /// `page` is a Windows path, a URL or "about:blank".
     virtual void navigate(Browser browser, const QString &page) = 0;
     /// Shows a text file in the notes window.

@@ -6,6 +6,7 @@
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
 #include "install/Do_Install.h"
+#include "install/Editor_Launch.h"
 #include "install/Play.h"
 #include "install/undo/Undo_List.h"
 #include "library/Fm_List_View.h"
@@ -15,6 +16,7 @@
 #include "ui/console/Diagnostic_Commands.h"
 #include "ui/console/Mission_Commands.h"
 #include "ui/console/Settings_Commands.h"
+#include "ui/console/Tool_Commands.h"
 
 namespace vantrosk {
 
@@ -204,6 +206,18 @@ Console_Result Restore_command(const Console_Context &context) {
     return Install_row(context, list, row);
 }
 
+Console_Result Start_outcome(const Play_Result &played) {
+    Console_Result result;
+    result.json = Play_json(played);
+    result.lines << (played.started ? "started: " + played.start.command.join(' ')
+                                    : QStringLiteral("not started"));
+    if (!played.refusal.isEmpty()) {
+        result.exit_code = 1;
+        result.reason = played.refusal;
+    }
+    return result;
+}
+
 constexpr const char *play_usage = "play GAME ZIP|Original [--wait]";
 
 Console_Result Play_command(const Console_Context &context) {
@@ -218,16 +232,24 @@ Console_Result Play_command(const Console_Context &context) {
     const Play_Result played = Play_Command(program);
     while (wait && played.started && program.platform.processes->is_running(played.start.process_id))
         program.clock.sleep(50);
+    // A game reads its start-up picture in its first seconds; no other start needs that time.
+    if (!wait && played.started && !program.play.swapped_pictures.isEmpty())
+        program.clock.sleep(time_until_put_back);
     After_Play(program);
-    Console_Result result;
-    result.json = Play_json(played);
-    result.lines << (played.started ? "started: " + played.start.command.join(' ')
-                                    : QStringLiteral("not started"));
-    if (!played.refusal.isEmpty()) {
-        result.exit_code = 1;
-        result.reason = played.refusal;
-    }
-    return result;
+    return Start_outcome(played);
+}
+
+// ---- the editor ----
+
+constexpr const char *edit_usage = "edit GAME ZIP";
+
+Console_Result Edit_command(const Console_Context &context) {
+    Expect_count(context, 2, 2, edit_usage);
+    Program &program = context.program;
+    const QString list = Fill_list_of_word(program, context.arguments[0]);
+    if (!Select_row(program, context.arguments[1]))
+        return Failed(Not_in_list(list, context.arguments[1]));
+    return Start_outcome(Editor_Command(program));
 }
 
 } // namespace
@@ -245,6 +267,9 @@ const std::vector<Console_Command> &Console_Commands() {
         {"install", install_usage, "install a mission into its game", Install_command},
         {"restore", restore_usage, "put the original missions back", Restore_command},
         {"play", play_usage, "start the game with what is installed", Play_command},
+        {"edit", edit_usage, "open a mission in its game's editor", Edit_command},
+        {"tools", tools_usage, "list, add or delete plugin tools", Tools_command},
+        {"recent", recent_usage, "list the missions played last, or take one out", Recent_command},
         {"diagnose", diagnose_usage, "compare a game's folder with a reference file", Diagnose_command},
         {"reference", reference_usage, "list a game's folder into a reference file", Reference_command},
         {"autoconfigure", autoconfigure_usage, "find the games that are installed and store their folders",

@@ -1,6 +1,7 @@
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlStartup.h"
+#include "install/Splash_Swap.h"
 #include "ui/console/Console_Commands.h"
 
 #include <QDir>
@@ -91,6 +92,7 @@ int Run_command(Platform &platform, const Console_Streams &streams, const Words 
         return 1;
     }
     Show_Crash_Evidence(program);
+    Put_back_all_splashes(program);
     const Console_Result result = command.run({program, ui, words.arguments});
     Shut_Down(program);
     if (words.json && !result.json.isNull())

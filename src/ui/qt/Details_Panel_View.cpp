@@ -148,6 +148,11 @@ QWidget *Details_Panel_View::Make_buttons() {
         button->setIconSize({button_icon, button_icon});
         row->addWidget(button, 1);
     }
+    editor_ = new QPushButton;
+    editor_->setObjectName(QStringLiteral("editor"));
+    editor_->setProperty("kind", QStringLiteral("tall"));
+    row->addWidget(editor_);
+    connect(editor_, &QPushButton::clicked, this, &Details_Panel_View::Editor_pressed);
     reset_ = new QPushButton(QStringLiteral("R&eset"));
     reset_->setObjectName(QStringLiteral("reset"));
     reset_->setProperty("kind", QStringLiteral("tall"));
@@ -246,6 +251,11 @@ void Details_Panel_View::Refresh_buttons() {
     play_->setEnabled(has_mission && details.play_enabled);
     install_->setEnabled(has_mission && details.install_enabled);
     reset_->setEnabled(has_mission && details.reset_enabled);
+    const Editor_Button &editor = program_.screen.editor;
+    editor_->setText(editor.caption);
+    editor_->setAccessibleName(QString(editor.caption).remove(u'&'));
+    editor_->setToolTip(editor.tip);
+    editor_->setEnabled(has_mission && editor.enabled);
     play_->setToolTip(play_->isEnabled() ? QStringLiteral("Starts the game (Ctrl+P)")
                                          : QStringLiteral("Starts the game, once the mission is installed"));
     install_->setText(details.shows_installed ? QStringLiteral("&Installed") : QStringLiteral("&Install"));

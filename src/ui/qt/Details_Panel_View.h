@@ -29,6 +29,7 @@ public:
     QPushButton *play() const { return play_; }
     QPushButton *install() const { return install_; }
     QPushButton *reset() const { return reset_; }
+    QPushButton *editor() const { return editor_; }
     Finished_Panel *small_finished() const { return small_finished_; }
     /// The one to press next: Play once the mission is installed, else Install.
     QPushButton *next_step() const;
@@ -39,6 +40,7 @@ Q_SIGNALS:
     void Play_pressed();
     void Install_pressed();
     void Reset_pressed();
+    void Editor_pressed();
 
 private:
     QWidget *Make_head();
@@ -54,7 +56,7 @@ private:
     QStackedWidget *stack_;
     Mission_Picture *picture_;
     Elided_Label *name_, *author_, *game_, *languages_;
-    QPushButton *play_, *install_, *reset_;
+    QPushButton *play_, *install_, *editor_, *reset_;
     Finished_Panel *small_finished_;
     Elided_Label *archive_, *unpacked_, *last_played_, *saves_, *community_;
     QFormLayout *head_form_, *facts_form_;

@@ -71,10 +71,14 @@ Game_Toolbar::Game_Toolbar(const Program &program, const Theme &theme, QWidget *
                              Line_icon(QStringLiteral("configure"), theme_.on_gamebar));
     configure_->setToolTip(
         QStringLiteral("Tells where the games and their missions are, and finds them (Ctrl+,)"));
+    tools_ = Make_button(QStringLiteral("tools"), QStringLiteral("Tools"),
+                         Line_icon(QStringLiteral("plug"), theme_.on_gamebar));
+    tools_->setToolTip(QStringLiteral("Your own tools, and those that come with Vantrosk (Ctrl+T)"));
     help_ = Make_button(QStringLiteral("help"), QStringLiteral("Help"),
                         Line_icon(QStringLiteral("help"), theme_.on_gamebar));
     help_->setToolTip(QStringLiteral("What Vantrosk is and which keys it knows (F1)"));
     connect(configure_, &QToolButton::clicked, this, &Game_Toolbar::Configure_chosen);
+    connect(tools_, &QToolButton::clicked, this, &Game_Toolbar::Tools_chosen);
     connect(help_, &QToolButton::clicked, this, &Game_Toolbar::Help_chosen);
 
     auto *column = new QVBoxLayout(this);
@@ -82,6 +86,7 @@ Game_Toolbar::Game_Toolbar(const Program &program, const Theme &theme, QWidget *
     column->setSpacing(2);
     column->addWidget(area, 1);
     column->addWidget(configure_, 0, Qt::AlignHCenter);
+    column->addWidget(tools_, 0, Qt::AlignHCenter);
     column->addWidget(help_, 0, Qt::AlignHCenter);
     Refresh();
 }

@@ -25,12 +25,14 @@ public:
     void Refresh();
     QToolButton *button_of(const QString &code) const;
     QToolButton *configure() const { return configure_; }
+    QToolButton *tools() const { return tools_; }
     QToolButton *help() const { return help_; }
 
 Q_SIGNALS:
     void Game_chosen(const QString &code);
     void Set_up_wanted(const QString &code);
     void Configure_chosen();
+    void Tools_chosen();
     void Help_chosen();
 
 private:
@@ -42,6 +44,7 @@ private:
     int icon_size_;
     std::map<QString, QToolButton *> games_;
     QToolButton *configure_;
+    QToolButton *tools_;
     QToolButton *help_;
 };
 

@@ -16,6 +16,8 @@ void frmMain::Make_tools_menu() {
     Add_action(general, QStringLiteral("Game &Diagnostic Tool"), QStringLiteral("Ctrl+Shift+G"),
                QStringLiteral("Tells what differs between a game's folder and a known-good listing"),
                [this] { Show_game_diagnostic(); });
+    Add_action(menu, QStringLiteral("&Plugin Toolset And More Tools"), QStringLiteral("Ctrl+T"),
+               QStringLiteral("Your own tools, and those that come with Vantrosk"), [this] { Show_tools(); });
 }
 
 void frmMain::Show_game_diagnostic() {

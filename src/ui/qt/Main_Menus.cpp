@@ -10,6 +10,7 @@
 #include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlStartup.h"
+#include "install/Recent.h"
 
 #include <QMenuBar>
 #include <QMessageBox>
@@ -69,6 +70,7 @@ void frmMain::Refresh_menus() {
           QStringLiteral("a mission that is not installed has to be selected"));
     Allow(reset_action_, free && details->reset()->isEnabled(),
           QStringLiteral("a mission has to be selected"));
+    Refresh_editor_entry();
     Allow(scan_action_, free && !program_.SELECTED_GAME_TAB.isEmpty(),
           QStringLiteral("a game has to be chosen"));
     Allow(summary_action_, free && !shows_empty_state(), QLatin1String(no_game));
@@ -81,6 +83,9 @@ void frmMain::Refresh_menus() {
     for (QAction *action : view_menu_->actions())
         if (!action->isSeparator() && action != mode_action_ && action != trace_action_)
             Allow(action, !shows_empty_state(), QLatin1String(no_game));
+    const QString why_no_recent = QStringLiteral("no mission was played yet");
+    Allow(recent_action_, program_.screen.recent.tab_shown, why_no_recent);
+    Allow(recent_menu_->menuAction(), program_.screen.recent.tab_shown, why_no_recent);
     if (shows_empty_state())
         return;
     Allow(sort_menu_->menuAction(), !program_.screen.list.rows.empty(), QStringLiteral("the list is empty"));
@@ -95,9 +100,15 @@ void frmMain::Make_file_menu() {
     install_action_ = Add_action(menu, QStringLiteral("&Install"), QStringLiteral("Ctrl+I"),
                                  QStringLiteral("Puts the mission into the game's folder"),
                                  [this] { commands->Install(); });
+    editor_action_ = Add_action(menu, QStringLiteral("&Editor"), QStringLiteral("Ctrl+E"), QString(),
+                                [this] { commands->Edit(); });
     reset_action_ = Add_action(menu, QStringLiteral("&Reset…"), QStringLiteral("Ctrl+Shift+R"),
                                QStringLiteral("Forgets what is stored of the mission; the zip stays"),
                                [this] { Reset_mission(); });
+    menu->addSeparator();
+    recent_menu_ = menu->addMenu(QLatin1String(recent_caption));
+    recent_menu_->setObjectName(QStringLiteral("recent_missions_menu"));
+    recent_menu_->menuAction()->setToolTip(QStringLiteral("Goes back to a mission that was played lately"));
     menu->addSeparator();
     Add_action(menu, QStringLiteral("&Set up a game…"), QStringLiteral("Ctrl+G"),
                QStringLiteral("Names the folders of a game and of its missions"),
@@ -127,6 +138,9 @@ void frmMain::Make_view_menu() {
                QStringLiteral("The keys go to the mission list"), [this] { list->setFocusToList(); });
     Add_action(menu, QStringLiteral("Go to the &readme"), QStringLiteral("F7"),
                QStringLiteral("The keys go to the readme"), [this] { readme->Take_focus(); });
+    recent_action_ = Add_action(menu, QStringLiteral("Show &Recently Used FMs"), QStringLiteral("F9"),
+                                QStringLiteral("The keys go to the missions that were played lately"),
+                                [this] { Go_to_recent(); });
     menu->addSeparator();
     Add_action(menu, QStringLiteral("&Taller list"), QStringLiteral("Ctrl+Shift+Down"),
                QStringLiteral("More room for the list"), [this] { Move_splitter(splitter_step); });
@@ -163,6 +177,15 @@ void frmMain::Make_games_menu() {
                                  [this] { Show_library_summary(); });
 }
 
+/// The editor's own name stands in the menu too.
+void frmMain::Refresh_editor_entry() {
+    const Editor_Button &editor = program_.screen.editor;
+    const bool free = !told_busy_ && !commands->is_working();
+    editor_action_->setText(editor.caption.isEmpty() ? QStringLiteral("&Editor") : editor.caption);
+    editor_action_->setToolTip(editor.tip);
+    editor_action_->setEnabled(free && details->editor()->isEnabled());
+}
+
 void frmMain::Make_help_menu() {
     QMenu *menu = menuBar()->addMenu(QStringLiteral("&Help"));
     Add_action(menu, QStringLiteral("&About Vantrosk"), QStringLiteral("F1"),
@@ -184,7 +207,9 @@ void frmMain::Show_about() {
         "<tr><td>Ctrl+F</td><td>find in the list or in the readme</td></tr>"
         "<tr><td>F5</td><td>scan again</td></tr>"
         "<tr><td>Ctrl+L</td><td>what the last scans found</td></tr>"
-        "<tr><td>F6, F7, F8</td><td>to the list, to the readme, to your score</td></tr></table>"));
+        "<tr><td>F6, F7, F8</td><td>to the list, to the readme, to your score</td></tr>"
+        "<tr><td>F9</td><td>to the missions played lately</td></tr>"
+        "<tr><td>Ctrl+E, Ctrl+T</td><td>editor, tools</td></tr></table>"));
     box.exec();
 }
 

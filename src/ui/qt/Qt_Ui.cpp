@@ -1,6 +1,7 @@
 #include "Qt_Ui.h"
 
 #include "Details_Panel_View.h"
+#include "Details_Tabs.h"
 #include "Error_Box.h"
 #include "Fm_List_Panel.h"
 #include "Full_Lite_Question.h"
@@ -198,6 +199,16 @@ void Qt_Ui::details_changed() {
 void Qt_Ui::readme_tabs_changed() {
     if (window_)
         window_->readme->Refresh_tabs();
+}
+
+void Qt_Ui::recent_changed() {
+    if (window_)
+        window_->Refresh_recent();
+}
+
+void Qt_Ui::show_details_tab(const QString &key) {
+    if (window_)
+        window_->details_tabs->Show(key);
 }
 
 void Qt_Ui::navigate(Browser browser, const QString &page) {

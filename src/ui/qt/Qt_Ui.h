@@ -83,6 +83,8 @@ public:
     void list_visible(bool visible) override;
     void details_changed() override;
     void readme_tabs_changed() override;
+    void recent_changed() override;
+    void show_details_tab(const QString &key) override;
     void navigate(Browser browser, const QString &page) override;
     void show_notes(const QString &path) override;
     void pump_events() override;

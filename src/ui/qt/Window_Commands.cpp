@@ -4,6 +4,7 @@
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "install/Do_Install.h"
+#include "install/Editor_Launch.h"
 #include "library/Fm_List_Save.h"
 #include "library/Fm_List_View.h"
 #include "library/Get_archives.h"
@@ -13,8 +14,6 @@ namespace vantrosk {
 
 namespace {
 
-/// Games read what was swapped for them in their first seconds.
-constexpr int time_until_put_back = 10000; ///< milliseconds
 constexpr int light_problem = 11;
 const QString form_name = QStringLiteral("Form frmMain");
 
@@ -89,6 +88,13 @@ void Window_Commands::Install() {
         Finish_play();
         if (Install_Command(program_))
             Create_reference_after_install(program_);
+    });
+}
+
+void Window_Commands::Edit() {
+    Run(QStringLiteral("cmdDromed_Click"), [this] {
+        if (!Editor_Command(program_).refusal.isEmpty())
+            Set_Status_Light(program_, light_problem);
     });
 }
 

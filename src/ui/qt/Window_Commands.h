@@ -30,6 +30,7 @@ public:
     void Jump(QChar letter);
     void Play();
     void Install();
+    void Edit();
     /// Runs other work under the same guard; false when something is at work already.
     bool Run(const QString &procedure, const std::function<void()> &work);
     /// What a play has swapped is put back now, not when its time is up.

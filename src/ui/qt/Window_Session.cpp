@@ -9,6 +9,7 @@
 #include "core/Program.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "core/mdlStartup.h"
+#include "install/Splash_Swap.h"
 
 namespace vantrosk {
 
@@ -49,6 +50,7 @@ bool Window_Session::Start(const QString &switches) {
     };
     if (!Start_Process(program_, load) || !window_)
         return false;
+    Put_back_all_splashes(program_);
     Initialise_Stage(program_);
     // What the start did last, a column that was added, says nothing to who uses it now.
     if (program_.screen.status_light == 1)

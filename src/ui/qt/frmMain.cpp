@@ -12,6 +12,7 @@
 #include "Qt_Ui.h"
 #include "Readme_Actions.h"
 #include "Readme_Panel.h"
+#include "Recent_Panel.h"
 #include "Set_Up_Game.h"
 #include "Start_Address.h"
 #include "Status_Bar.h"
@@ -83,6 +84,8 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     details = new Details_Panel_View(program, theme_, nullptr);
     opinions = new Finish_Score_View(program, theme_, nullptr);
     readme = new Readme_Panel(program, theme_, nullptr);
+    recent = new Recent_Panel(program, theme_, this);
+    recent->hide(); // until there is something to show
     empty_state = new Empty_State(program, ui, theme_, nullptr);
     status = new Status_Bar(nullptr);
 
@@ -225,7 +228,10 @@ void frmMain::Connect_panels() {
     });
     connect(details, &Details_Panel_View::Play_pressed, commands, &Window_Commands::Play);
     connect(details, &Details_Panel_View::Install_pressed, commands, &Window_Commands::Install);
+    connect(details, &Details_Panel_View::Editor_pressed, commands, &Window_Commands::Edit);
+    connect(games, &Game_Toolbar::Tools_chosen, this, &frmMain::Show_tools);
     Connect_opinions();
+    Connect_recent();
     new Readme_Actions(program_, ui_, *commands, *readme);
     connect(empty_state, &Empty_State::Demo_wanted, this, &frmMain::Make_demo);
     connect(empty_state, &Empty_State::Game_set_up, commands, &Window_Commands::Choose_game);

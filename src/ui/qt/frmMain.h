@@ -22,6 +22,7 @@ class Fm_List_Panel;
 class Game_Toolbar;
 class Qt_Ui;
 class Readme_Panel;
+class Recent_Panel;
 class Status_Bar;
 class Window_Commands;
 
@@ -39,6 +40,7 @@ public:
     Details_Panel_View *details;
     Finish_Score_View *opinions;
     Readme_Panel *readme;
+    Recent_Panel *recent;
     Status_Bar *status;
     Empty_State *empty_state;
     QLineEdit *find;
@@ -51,6 +53,7 @@ public:
     void Refresh_games();
     void Refresh_list();
     void Refresh_details();
+    void Refresh_recent();
     void Set_busy(bool busy);
     void Show_light(int index, const QString &text);
     /// A Windows path, an address or "about:blank".
@@ -61,6 +64,7 @@ public:
     void Scan_first_game();
     void Show_game_diagnostic();
     void Show_library_summary();
+    void Show_tools();
     /// The details section as the mode wants it, the columns as the tweaks want them.
     void Position_panels();
     /// The menu entry of the trace console comes or goes.
@@ -89,6 +93,11 @@ private:
     void Make_tools_menu();
     void Make_games_menu();
     void Make_help_menu();
+    void Connect_recent();
+    void Choose_recent(int index);
+    void Remove_from_recent(int rank);
+    void Go_to_recent();
+    void Refresh_editor_entry();
     QAction *Add_action(QMenu *menu, const QString &text, const QString &keys, const QString &tip,
                         const std::function<void()> &work);
     void Connect_panels();
@@ -125,6 +134,8 @@ private:
     QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
     QAction *reset_action_ = nullptr, *mode_action_ = nullptr, *trace_action_ = nullptr;
     QAction *opinions_action_ = nullptr, *summary_action_ = nullptr;
+    QAction *recent_action_ = nullptr, *editor_action_ = nullptr;
+    QMenu *recent_menu_ = nullptr;
     QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_, presence_timer_;
     QPointer<QWidget> focus_before_work_;
     bool told_busy_ = false;
