@@ -16,7 +16,8 @@ TEST_F(Console, The_list_of_commands_is_this_one) {
     for (const Console_Command &command : Console_Commands())
         names << command.name;
     EXPECT_EQ(names, (QStringList{"settings", "tweaks", "scan", "info", "score", "reset", "render", "fields",
-                                  "install", "restore", "play", "diagnose", "reference", "autoconfigure"}));
+                                  "install", "restore", "play", "edit", "tools", "recent", "diagnose",
+                                  "reference", "autoconfigure"}));
 }
 
 TEST_F(Console, No_command_an_unknown_one_and_an_unknown_option_are_wrong_usage) {

@@ -74,7 +74,7 @@ TEST_F(Editor, Without_a_mission_there_is_no_load_line) {
 
 TEST_F(Editor, The_comfort_commands_come_first_when_they_are_wanted) {
     open("T2", " miss20.mis ");
-    world->platform.settings->set_value(editor_commands_section, editor_commands_key, "True");
+    ASSERT_FALSE(world->platform.settings->set_value(editor_commands_section, editor_commands_key, "True"));
     EXPECT_TRUE(Editor_Command(world->program()).started);
     EXPECT_EQ(script(), "light_bright \r\nlit_obj_toggle \r\npersistent_player_pos \r\naiawareofplayer 0 "
                         "\r\nshow_stats \r\nload_file miss20.mis\r\n");

@@ -150,7 +150,7 @@ TEST(Play_Splash, A_mission_without_such_a_picture_gets_none) {
 
 // ---- the library of The Dark Mod ----
 
-TEST(Play_Dark_Mod, The_picture_library_that_a_start_brings_goes_with_the_mission) {
+TEST(Play_Dark_Mod_Library, The_picture_library_that_a_start_brings_goes_with_the_mission) {
     Play_World world("DMOD");
     world.game_has("DevIL.dll", "library");
     world.zip("deep.pk4", {{"maps/frost.map", "map"}});

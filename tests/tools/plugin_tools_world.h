@@ -24,6 +24,7 @@ protected:
         set_debug(program(), true);
         program().CURRENT_GAME = program().SELECTED_GAME_TAB = "T2";
         program().CURRENT_GAME_PATH = world.windows("games/T2");
+        world.ui.panel_1.clear();
     }
 
     Program &program() { return world.program(); }

@@ -70,6 +70,7 @@ Readme_Panel::Readme_Panel(Program &program, const Theme &theme, QWidget *parent
     connect(reader_->toolbar, &Readme_Toolbar::Link_open_wanted, this,
             [this](const QString &address) { Q_EMIT Link_clicked(QUrl(address)); });
     connect(reader_->toolbar, &Readme_Toolbar::Link_change_wanted, this, &Readme_Panel::Link_change_wanted);
+    connect(reader_->toolbar, &Readme_Toolbar::Tools_wanted, this, &Readme_Panel::Tools_wanted);
     connect(reader_->toolbar, &Readme_Toolbar::Buttons_changed, this, &Readme_Panel::Toolbar_changed);
     connect(reader_, &Readme_Reader::Detach_wanted, this, [this] { is_detached() ? Re_attach() : Detach(); });
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &Readme_Panel::Refresh_detach);

@@ -70,6 +70,7 @@ Q_SIGNALS:
     void Link_clicked(const QUrl &address);
     void Page_shown(bool ok); ///< the page has been loaded, or could not be
     void Link_change_wanted(Mission_Link link);
+    void Tools_wanted();
     void Toolbar_changed();
     void Pdf_saved(const QString &path, bool ok);
 

@@ -21,7 +21,7 @@ constexpr std::array<Fm_Tool, fm_tool_count> fm_tool_rows{{
     {"fm_info", "More Info", "information", Mission_Link::info, nullptr},
     {"fm_forum", "Forum", "forum", Mission_Link::forum, nullptr},
     {"fm_notes", "Notes", "notes", Mission_Link::count, "The notes tool is not in this version yet."},
-    {"fm_tools", "Tools", "plug", Mission_Link::count, "Plug-in tools are not in this version yet."},
+    {"fm_tools", "Tools", "plug", Mission_Link::count, nullptr},
 }};
 
 QString Tip_of_link(const Fm_Tool &tool, const Selected_Links &links) {
@@ -101,6 +101,11 @@ void Readme_Toolbar::Add_fm_tools() {
             tool->setEnabled(false);
             continue;
         }
+        if (row.link == Mission_Link::count) {
+            tool->setToolTip(QStringLiteral("Your own tools, and those that come with Vantrosk"));
+            connect(tool, &QToolButton::clicked, this, &Readme_Toolbar::Tools_wanted);
+            continue;
+        }
         tool->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(tool, &QToolButton::clicked, this, [this, number] { Press(number); });
         connect(tool, &QWidget::customContextMenuRequested, this,
@@ -124,7 +129,7 @@ void Readme_Toolbar::Show_links(const Selected_Links &links) {
     links_ = links;
     for (std::size_t number = 0; number < fm_tools_.size(); ++number) {
         const Fm_Tool &row = fm_tool_rows[number];
-        if (row.missing)
+        if (row.link == Mission_Link::count)
             continue;
         QToolButton *tool = fm_tools_[number];
         const bool dimmed = links.addresses[static_cast<std::size_t>(row.link)].isEmpty();

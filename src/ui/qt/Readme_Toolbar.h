@@ -49,6 +49,7 @@ public:
 Q_SIGNALS:
     void Link_open_wanted(const QString &address);
     void Link_change_wanted(Mission_Link link);
+    void Tools_wanted();
     /// The user has chosen other buttons.
     void Buttons_changed();
 

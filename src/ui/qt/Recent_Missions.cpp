@@ -43,10 +43,10 @@ void frmMain::Go_to_recent() {
 }
 
 void frmMain::Refresh_recent() {
-    const Recent_List &list = program_.screen.recent;
+    const Recent_List &missions = program_.screen.recent;
     const QString key = QLatin1String(recent_tab_key);
     recent->Refresh();
-    if (list.tab_shown) {
+    if (missions.tab_shown) {
         details_tabs->Add(key, QLatin1String(recent_caption), recent, QStringLiteral("FMOptions"));
         details_tabs->bar()->setTabVisible(static_cast<int>(details_tabs->keys().indexOf(key)),
                                            program_.tweaks.ENABLE_FM_DETAILS);
@@ -56,8 +56,8 @@ void frmMain::Refresh_recent() {
         recent->hide();
     }
     recent_menu_->clear();
-    for (size_t i = 0; i < list.cells.size(); ++i) {
-        const Recent_Cell &cell = list.cells[i];
+    for (size_t i = 0; i < missions.cells.size(); ++i) {
+        const Recent_Cell &cell = missions.cells[i];
         QAction *action =
             recent_menu_->addAction(QString(cell.menu_text).replace(u'&', QStringLiteral("&&")));
         action->setEnabled(cell.zip_found);

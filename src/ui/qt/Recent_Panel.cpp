@@ -23,7 +23,7 @@ constexpr int usual_width = 1500; ///< twips
 constexpr double picture_shape = 0.72;
 
 /// The widths that the list gives, in pixels.
-std::vector<int> Widths_of(const QString &list) {
+std::vector<int> Configure_recently_used(const QString &list) {
     std::vector<int> widths;
     for (const QString &piece : list.split(u',', Qt::SkipEmptyParts))
         widths.push_back(piece.toInt() / twips_a_pixel);
@@ -113,7 +113,7 @@ void Recent_Panel::Refresh() {
         delete item;
     }
     const Recent_List &recent = program_.screen.recent;
-    const std::vector<int> widths = Widths_of(recent.column_widths);
+    const std::vector<int> widths = Configure_recently_used(recent.column_widths);
     for (size_t i = 0; i < recent.cells.size(); ++i) {
         const int width = i < widths.size() ? widths[i] : usual_width / twips_a_pixel;
         auto *cell = new Recent_Cell_View(program_, theme_, recent.cells[i], int(i) + 1, width);

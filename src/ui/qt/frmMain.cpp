@@ -230,6 +230,7 @@ void frmMain::Connect_panels() {
     connect(details, &Details_Panel_View::Install_pressed, commands, &Window_Commands::Install);
     connect(details, &Details_Panel_View::Editor_pressed, commands, &Window_Commands::Edit);
     connect(games, &Game_Toolbar::Tools_chosen, this, &frmMain::Show_tools);
+    connect(readme, &Readme_Panel::Tools_wanted, this, &frmMain::Show_tools);
     Connect_opinions();
     Connect_recent();
     new Readme_Actions(program_, ui_, *commands, *readme);
