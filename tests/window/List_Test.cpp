@@ -299,7 +299,9 @@ TEST_F(List_Window, Columns_fill_the_window_and_none_is_cut_off_from_1024_pixels
         EXPECT_FALSE(table->horizontalScrollBar()->isVisible()) << width;
         for (int column = col_name; column < col_category; ++column) {
             const QString heading = world.program().screen.list.headings[column];
-            EXPECT_GE(table->columnWidth(column), table->horizontalHeader()->sectionSizeHint(column))
+            QFont bold = table->horizontalHeader()->font();
+            bold.setWeight(QFont::DemiBold);
+            EXPECT_GE(table->columnWidth(column) - 11, QFontMetrics(bold).horizontalAdvance(heading))
                 << width << " " << heading.toStdString();
         }
     }
@@ -361,6 +363,21 @@ TEST_F(List_Window, Where_there_is_nothing_to_list_a_sentence_says_what_to_do) {
     EXPECT_EQ(Empty_sentence(),
               "No mission in this list holds “nowhere”. Escape in the search field shows all again.");
     EXPECT_TRUE(panel->findChild<QPushButton *>("list_choose_missions")->isHidden());
+}
+
+TEST_F(List_Window, The_rows_alternate_whatever_the_search_leaves) {
+    world.Fill_list(40);
+    const auto shades = [this] {
+        QString text;
+        for (int row = 1; row < std::min(5, table->model()->rowCount()); ++row)
+            text += table->model()->index(row, col_name).data(fm_role_odd).toBool() ? 'g' : 'w';
+        return text;
+    };
+    EXPECT_EQ(shades(), "wgwg");
+    panel->Find("Mission 001");
+    EXPECT_EQ(shades(), "wgwg");
+    panel->Find("5.zip");
+    EXPECT_EQ(shades(), "wgwg");
 }
 
 TEST_F(List_Window, Ten_thousand_rows_are_found_sorted_and_scrolled) {

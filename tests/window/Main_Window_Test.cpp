@@ -118,7 +118,7 @@ TEST_F(Main_Window, At_its_smallest_six_rows_and_play_are_still_seen) {
 TEST_F(Main_Window, The_readme_takes_the_room_that_a_large_window_gives) {
     frmMain &window = world.Open(1920, 1080);
     EXPECT_GT(window.readme->width(), 1200);
-    EXPECT_EQ(window.details->width(), 420);
+    EXPECT_EQ(window.details->width(), 448);
 }
 
 TEST_F(Main_Window, Size_splitter_and_column_widths_are_kept_across_starts) {

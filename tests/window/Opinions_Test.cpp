@@ -85,11 +85,12 @@ QAction *Entry(const QMenu *menu, const QString &text) {
 
 } // namespace
 
-TEST_F(Opinions, The_details_have_two_tabs) {
+TEST_F(Opinions, The_details_have_a_tab_of_their_own_and_so_have_the_games) {
     QTabBar *bar = world.window().details_tabs->bar();
-    ASSERT_EQ(bar->count(), 2);
+    ASSERT_EQ(bar->count(), 3);
     EXPECT_EQ(bar->tabText(0), "FM Details and Play");
     EXPECT_EQ(bar->tabText(1), "Finish Score Review");
+    EXPECT_EQ(bar->tabText(2), "Vantrosk Game Details");
     EXPECT_EQ(world.window().details_tabs->shown(), "FMOptions");
     bar->setFocus();
     QTest::keyClick(bar, Qt::Key_Right);

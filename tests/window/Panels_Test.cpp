@@ -18,6 +18,26 @@
 
 namespace vantrosk {
 
+TEST(Elided_Label_Letters, A_name_is_as_large_as_it_is_wanted_and_as_its_field_has_room) {
+    QWidget field;
+    auto *label = new Elided_Label(&field);
+    const double plain = field.font().pointSizeF();
+    label->resize(900, 30);
+    label->Set_text("A Night at the Harbour");
+    label->Set_most_points(14);
+    EXPECT_EQ(label->font().pointSizeF(), std::max(14.0, plain));
+    EXPECT_EQ(label->text(), "A Night at the Harbour");
+    label->resize(40, 30);
+    label->Set_text("Another Night at the Harbour");
+    EXPECT_EQ(label->font().pointSizeF(), plain);
+    EXPECT_TRUE(label->text().endsWith(u'\u2026'));
+    label->resize(900, 30);
+    label->Set_text("A Night at the Harbour");
+    EXPECT_EQ(label->font().pointSizeF(), std::max(14.0, plain));
+    label->Set_most_points(0);
+    EXPECT_EQ(label->font().pointSizeF(), plain);
+}
+
 TEST(Status_Bar_Panel, Tells_in_words_what_is_going_on) {
     Status_Bar bar(nullptr);
     EXPECT_EQ(bar.panel_text(1), "Ready");

@@ -7,6 +7,7 @@
 
 #include "core/Games.h"
 #include "core/Program.h"
+#include "library/Get_Info.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -232,6 +233,7 @@ void Details_Panel_View::Refresh_head() {
         value->Set_text(text);
         head_form_->setRowVisible(value, !text.isEmpty());
     }
+    name_->Set_most_points(Name_Points(program_));
     if (!details.animation_paths.isEmpty() && program_.tweaks.ENABLE_ANIM_GIFS) {
         QStringList frames;
         for (const QString &path : details.animation_paths)

@@ -2,6 +2,9 @@
 
 #include <QResizeEvent>
 
+#include <algorithm>
+#include <utility>
+
 namespace vantrosk {
 
 namespace {
@@ -31,7 +34,28 @@ void Elided_Label::resizeEvent(QResizeEvent *event) {
     Fit();
 }
 
+void Elided_Label::Set_most_points(int points) {
+    if (std::exchange(most_points_, points) != points)
+        Fit();
+}
+
+void Elided_Label::Fit_letters() {
+    QFont letters = font();
+    const double least = parentWidget() ? parentWidget()->font().pointSizeF() : letters.pointSizeF();
+    double points = std::max<double>(most_points_, least);
+    for (; points > least; points = std::max(points - 1, least)) {
+        letters.setPointSizeF(points);
+        if (QFontMetrics(letters).horizontalAdvance(text_) <= contentsRect().width())
+            break;
+    }
+    if (qFuzzyCompare(font().pointSizeF(), points))
+        return;
+    letters.setPointSizeF(points);
+    setFont(letters);
+}
+
 void Elided_Label::Fit() {
+    Fit_letters();
     const QString shown = fontMetrics().elidedText(text_, Qt::ElideRight, contentsRect().width());
     if (shown == text())
         return;

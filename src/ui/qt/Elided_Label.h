@@ -13,6 +13,8 @@ public:
 
     void Set_text(const QString &text);
     const QString &whole_text() const { return text_; }
+    /// Letters of up to that size where there is room for them; 0: those that the window has.
+    void Set_most_points(int points);
 
     QSize minimumSizeHint() const override;
 
@@ -21,8 +23,10 @@ protected:
 
 private:
     void Fit();
+    void Fit_letters();
 
     QString text_;
+    int most_points_ = 0;
 };
 
 } // namespace vantrosk

@@ -91,8 +91,6 @@ QVariant Fm_List_Model::data(const QModelIndex &index, int role) const {
         return Score_of(*row, index.column());
     case fm_role_game:
         return index.column() == col_game ? row->game_icon : QString();
-    case fm_role_odd:
-        return (index.row() - program_.screen.list.original_rows) % 2 != 0;
     case fm_role_author_colour:
         return index.column() == col_author ? Colour_behind_author(program_, *row) : QVariant();
     default:
@@ -121,6 +119,13 @@ void Fm_List_Find::Set_wanted(const QString &text) {
         return;
     wanted_ = words;
     invalidateFilter();
+}
+
+/// Rows alternate as they are shown.
+QVariant Fm_List_Find::data(const QModelIndex &index, int role) const {
+    if (role == fm_role_odd)
+        return (index.row() - program_.screen.list.original_rows) % 2 != 0;
+    return QSortFilterProxyModel::data(index, role);
 }
 
 bool Fm_List_Find::filterAcceptsRow(int source_row, const QModelIndex &) const {

@@ -48,6 +48,7 @@ public:
 
     void Set_wanted(const QString &text);
     const QStringList &wanted() const { return wanted_; }
+    QVariant data(const QModelIndex &index, int role) const override;
 
 protected:
     bool filterAcceptsRow(int source_row, const QModelIndex &source_parent) const override;

@@ -32,21 +32,23 @@ struct Column_Room {
 namespace {
 
 constexpr std::array<Column_Room, column_count> column_rooms{{
-    {0, 0, 0},     // the empty fixed column
-    {118, 230, 5}, // FM Name
-    {74, 140, 2},  // Zip
-    {62, 110, 2},  // Author
-    {78, 84, 0},   // Size
-    {58, 92, 0},   // Score
-    {58, 96, 0},   // Grp Score
-    {78, 100, 0},  // Last Played
-    {58, 90, 3},   // Review
-    {58, 80, 0},   // Finished
-    {52, 58, 0},   // Game
-    {52, 60, 0},   // Ready
-    {78, 82, 0},   // Zip Date
-    {72, 150, 2},  // Category
+    {0, 0, 0},    // the empty fixed column
+    {96, 230, 5}, // FM Name
+    {74, 140, 2}, // Zip
+    {62, 110, 2}, // Author
+    {78, 84, 0},  // Size
+    {58, 92, 0},  // Score
+    {58, 96, 0},  // Grp Score
+    {78, 100, 0}, // Last Played
+    {58, 90, 3},  // Review
+    {58, 80, 0},  // Finished
+    {52, 58, 0},  // Game
+    {52, 60, 0},  // Ready
+    {78, 82, 0},  // Zip Date
+    {72, 150, 2}, // Category
 }};
+
+constexpr int heading_padding = 8 + 2 + 1 + 1; ///< left, right, the line, and what a rounded width may lose
 
 /// Holding an arrow key runs through the list; the row where it comes to rest is the one that is examined.
 constexpr int rest_of_keys = 160; ///< milliseconds
@@ -310,10 +312,15 @@ void Fm_List_Panel::Fit_to_headings() {
         Fit_columns();
 }
 
-/// A heading is never cut off, whatever the font.
+/// A heading is never cut off, whatever the font. The style makes it bold, which the header's own hint does
+/// not count before it is shown.
 Column_Room Fm_List_Panel::Room_of(int column) const {
     Column_Room room = column_rooms[column];
-    room.least = std::max(room.least, table_->horizontalHeader()->sectionSizeHint(column));
+    QFont font = table_->horizontalHeader()->font();
+    font.setWeight(QFont::DemiBold);
+    const QString heading = program_.screen.list.headings[static_cast<size_t>(column)];
+    room.least = std::max({room.least, table_->horizontalHeader()->sectionSizeHint(column),
+                           QFontMetrics(font).horizontalAdvance(heading) + heading_padding});
     room.likes = std::max(room.likes, room.least);
     return room;
 }
@@ -352,13 +359,14 @@ void Fm_List_Panel::Refresh_empty_state() {
     const bool nothing_listed = model_->rowCount() <= program_.screen.list.original_rows;
     const bool nothing_found = !nothing_listed && Shown_missions() == 0;
     const Game *game = Find_Game(program_.SELECTED_GAME_TAB);
+    const QString name = game ? QString(QLatin1String(game->short_name)) : program_.custom_name;
     if (nothing_found)
         empty_text_->setText(QStringLiteral("No mission in this list holds “%1”. Escape in the search field "
                                             "shows all again.")
                                  .arg(find_->wanted().join(u' ')));
-    else if (game)
-        empty_text_->setText(QStringLiteral("No missions for %1 were found in its mission folders.")
-                                 .arg(QLatin1String(game->short_name)));
+    else if (!name.isEmpty())
+        empty_text_->setText(
+            QStringLiteral("No missions for %1 were found in its mission folders.").arg(name));
     else
         empty_text_->setText(QStringLiteral("Choose a game on the left to see its missions."));
     empty_button_->setVisible(nothing_listed && game);

@@ -30,9 +30,10 @@ bool Game_is_set_up(const Program &program, const QString &code) {
 }
 
 bool Any_game_is_set_up(const Program &program) {
-    return std::any_of(Games().begin(), Games().end(), [&program](const Game &game) {
+    const bool any = std::any_of(Games().begin(), Games().end(), [&program](const Game &game) {
         return Game_is_set_up(program, QLatin1String(game.code));
     });
+    return any || !program.quick_bar_games.empty();
 }
 
 Game_Toolbar::Game_Toolbar(const Program &program, const Theme &theme, QWidget *parent)

@@ -50,6 +50,7 @@ private:
 
 /// Whether a folder of the game is known: that of its missions, which is enough to list them, or its own.
 bool Game_is_set_up(const Program &program, const QString &code);
+/// A game of the user's own counts too.
 bool Any_game_is_set_up(const Program &program);
 
 } // namespace vantrosk

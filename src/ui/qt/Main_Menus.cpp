@@ -11,6 +11,7 @@
 #include "core/Program.h"
 #include "core/mdlStartup.h"
 #include "install/Recent.h"
+#include "library/Games_Panel.h"
 
 #include <QMenuBar>
 #include <QMessageBox>
@@ -78,6 +79,8 @@ void frmMain::Refresh_menus() {
         if (!action->data().isNull())
             Allow(action, Game_is_set_up(program_, action->data().toString()),
                   QStringLiteral("its folders are not named yet (Ctrl+G)"));
+        else if (action == custom_games_menu_->menuAction())
+            Allow(action, !program_.quick_bar_games.empty(), QStringLiteral("there is none yet"));
         else if (action->menu())
             Allow(action, !shows_empty_state(), QLatin1String(no_game));
     for (QAction *action : view_menu_->actions())
@@ -169,6 +172,10 @@ void frmMain::Make_games_menu() {
         action->setData(code);
     }
     games_menu_->addSeparator();
+    custom_games_menu_ = games_menu_->addMenu(QStringLiteral("&Custom games"));
+    custom_games_menu_->setObjectName(QStringLiteral("custom_games_menu"));
+    custom_games_menu_->menuAction()->setToolTip(QStringLiteral("Lists the missions of a game of your own"));
+    connect(custom_games_menu_, &QMenu::aboutToShow, this, &frmMain::Fill_custom_games_menu);
     scan_action_ = Add_action(games_menu_, QStringLiteral("&Scan again"), QStringLiteral("F5"),
                               QStringLiteral("Looks through the mission folders anew"),
                               [this] { commands->Scan_again(); });
@@ -184,6 +191,19 @@ void frmMain::Refresh_editor_entry() {
     editor_action_->setText(editor.caption.isEmpty() ? QStringLiteral("&Editor") : editor.caption);
     editor_action_->setToolTip(editor.tip);
     editor_action_->setEnabled(free && details->editor()->isEnabled());
+}
+
+void frmMain::Fill_custom_games_menu() {
+    custom_games_menu_->clear();
+    for (const Games_Panel_Row &game : Games_Panel_Rows(program_)) {
+        if (!game.is_custom())
+            continue;
+        QAction *action =
+            custom_games_menu_->addAction(QString(game.name).replace(u'&', QStringLiteral("&&")));
+        action->setToolTip(game.tip);
+        connect(action, &QAction::triggered, this,
+                [this, name = game.name] { commands->Choose_custom_game(name); });
+    }
 }
 
 void frmMain::Make_help_menu() {

@@ -5,6 +5,7 @@
 #include "core/mdlFormDisplayFunctions.h"
 #include "install/Do_Install.h"
 #include "install/Editor_Launch.h"
+#include "library/Custom_Archives.h"
 #include "library/Fm_List_Save.h"
 #include "library/Fm_List_View.h"
 #include "library/Get_archives.h"
@@ -48,9 +49,16 @@ void Window_Commands::Choose_game(const QString &code) {
 }
 
 void Window_Commands::Choose_filter(const QString &code, int filter) {
-    if (!code.isEmpty())
+    if (code == QLatin1String("CUSTOM"))
+        Choose_custom_game(QString(program_.custom_name), filter);
+    else if (!code.isEmpty())
         Run(QStringLiteral("Get_archives"),
             [this, &code, filter] { Get_archives_of_game(program_, code, filter); });
+}
+
+void Window_Commands::Choose_custom_game(const QString &name, int filter) {
+    Run(QStringLiteral("Get_archives"),
+        [this, name, filter] { Get_archives_of_custom_game(program_, name, filter); });
 }
 
 void Window_Commands::Scan_again() {

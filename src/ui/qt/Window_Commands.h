@@ -23,6 +23,8 @@ public:
     void Choose_game(const QString &code);
     /// The list of a game as one of its filters narrows it; 0 for all of it.
     void Choose_filter(const QString &code, int filter);
+    /// The list of a game of the user's own.
+    void Choose_custom_game(const QString &name, int filter = 0);
     /// The same list with the same filter.
     void Scan_again();
     void Choose_row(int row, int column);

@@ -7,6 +7,7 @@
 #include "Fm_List_Panel.h"
 #include "Fm_Table.h"
 #include "Game_Toolbar.h"
+#include "Games_Panel_View.h"
 #include "Library_Summary.h"
 #include "Notes_Window.h"
 #include "Qt_Ui.h"
@@ -40,6 +41,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace vantrosk {
 
@@ -48,7 +50,7 @@ namespace {
 constexpr int first_width = 1280, first_height = 800, least_width = 900, least_height = 600;
 constexpr int least_list_height = 28 + 7 * Fm_Table::row_height + 2; ///< heading, original missions, six rows
 constexpr int least_lower_height = 280;
-constexpr int details_width = 420, least_details_width = 340, least_readme_width = 300;
+constexpr int details_width = 448, least_details_width = 340, least_readme_width = 300;
 constexpr int first_working_picture = 2, last_working_picture = 10;
 // Milliseconds: a turn of the light in a second, and how long the splitter rests before its place is kept.
 constexpr int light_step = 125, housekeeping_step = 1000, focus_step = 100, splitter_rest = 400;
@@ -83,6 +85,7 @@ frmMain::frmMain(Program &program, Qt_Ui &ui)
     list = new Fm_List_Panel(program, theme_, nullptr);
     details = new Details_Panel_View(program, theme_, nullptr);
     opinions = new Finish_Score_View(program, theme_, nullptr);
+    games_panel = new Games_Panel_View(program, nullptr);
     readme = new Readme_Panel(program, theme_, nullptr);
     recent = new Recent_Panel(program, theme_, this);
     recent->hide(); // until there is something to show
@@ -163,6 +166,7 @@ QWidget *frmMain::Make_lower_half() {
         new Details_Tabs(QStringLiteral("details_tabs"), QStringLiteral("The selected mission"), nullptr);
     details_tabs->Add(QStringLiteral("FMOptions"), QStringLiteral("FM Details and Play"), details);
     details_tabs->Add(QStringLiteral("Finish_Score_Review"), QStringLiteral("Finish Score Review"), opinions);
+    details_tabs->Add(QStringLiteral("Game_Details"), QStringLiteral("Vantrosk Game Details"), games_panel);
     auto *left = details_tabs;
     auto *right = Make_side(QStringLiteral("readme_tabs"), QStringLiteral("Readme"), readme);
     readme->Use_tabs(right->findChild<QTabBar *>(QStringLiteral("readme_tabs_bar")));
@@ -214,6 +218,9 @@ void frmMain::Connect_panels() {
     connect(games, &Game_Toolbar::Configure_chosen, this, [this] { Show_settings(); });
     connect(games, &Game_Toolbar::Help_chosen, this, &frmMain::Show_about);
     connect(list, &Fm_List_Panel::Game_chosen, commands, &Window_Commands::Choose_game);
+    connect(games_panel, &Games_Panel_View::Game_chosen, commands, &Window_Commands::Choose_game);
+    connect(games_panel, &Games_Panel_View::Custom_game_chosen, this,
+            [this](const QString &name) { commands->Choose_custom_game(name); });
     connect(list, &Fm_List_Panel::Row_chosen, commands, &Window_Commands::Choose_row);
     connect(list, &Fm_List_Panel::Heading_chosen, commands, &Window_Commands::Sort_by);
     connect(list, &Fm_List_Panel::Letter_typed, commands, &Window_Commands::Jump);
@@ -361,6 +368,7 @@ void frmMain::Show_light(int index, const QString &text) {
 void frmMain::Refresh_games() {
     games->Refresh();
     list->Refresh_empty_state();
+    games_panel->Refresh();
     pages_->setCurrentIndex(Any_game_is_set_up(program_) ? 1 : 0);
     find->setVisible(!shows_empty_state());
     Place_splitter();
@@ -376,6 +384,10 @@ bool frmMain::shows_empty_state() const {
 
 void frmMain::Refresh_list() {
     games->Refresh();
+    // What was looked for in one game's list is no filter on another's.
+    const QString listed = program_.SELECTED_GAME_TAB + u'\n' + program_.custom_name;
+    if (std::exchange(listed_game_, listed) != listed)
+        find->clear();
     list->Refresh();
     for (QAction *action : sort_menu_->actions()) {
         const QString heading = program_.screen.list.headings[action->data().toInt()];

@@ -20,6 +20,7 @@ class Empty_State;
 class Finish_Score_View;
 class Fm_List_Panel;
 class Game_Toolbar;
+class Games_Panel_View;
 class Qt_Ui;
 class Readme_Panel;
 class Recent_Panel;
@@ -39,6 +40,7 @@ public:
     Details_Tabs *details_tabs;
     Details_Panel_View *details;
     Finish_Score_View *opinions;
+    Games_Panel_View *games_panel;
     Readme_Panel *readme;
     Recent_Panel *recent;
     Status_Bar *status;
@@ -92,6 +94,7 @@ private:
     void Make_view_menu();
     void Make_tools_menu();
     void Make_games_menu();
+    void Fill_custom_games_menu();
     void Make_help_menu();
     void Connect_recent();
     void Choose_recent(int index);
@@ -131,6 +134,7 @@ private:
     QWidget *work_area_;
     QSplitter *rows_, *columns_;
     QMenu *view_menu_ = nullptr, *games_menu_ = nullptr, *sort_menu_ = nullptr;
+    QMenu *custom_games_menu_ = nullptr;
     QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
     QAction *reset_action_ = nullptr, *mode_action_ = nullptr, *trace_action_ = nullptr;
     QAction *opinions_action_ = nullptr, *summary_action_ = nullptr;
@@ -143,6 +147,7 @@ private:
     bool closed_ = false;
     bool splitter_is_placed_ = false;
     int wanted_list_height_ = 0; ///< as it was kept; 0 for none
+    QString listed_game_;        ///< key and custom name of the list that is shown
 };
 
 /// Fonts, colours and style of the whole program.
