@@ -244,7 +244,7 @@ TEST_F(Session, The_saved_summary_of_all_games_stands_where_no_list_is_yet_and_l
                                   "Save Zips=4"}));
     Window().activateWindow();
     summary->setFocus();
-    EXPECT_TRUE(Window_World::Wait_until([&] { return summary->currentRow() == 0; }));
+    EXPECT_TRUE(Window_World::Wait_until([&] { return summary->item(0, 0)->isSelected(); }));
     QTest::keyClick(summary, Qt::Key_Return);
     EXPECT_TRUE(Window_World::Wait_until([&] { return program->SELECTED_GAME_TAB == "T2"; }));
     EXPECT_FALSE(summary->isVisible());

@@ -1,7 +1,5 @@
 #include "ui/console/Console_Commands.h"
 
-#include "tools/diagnostics/Game_Diagnostic.h"
-
 #include "core/Ini_Rules.h"
 #include "core/Program.h"
 #include "core/mdlFile_Functions.h"
@@ -10,6 +8,7 @@
 #include "install/Play.h"
 #include "install/undo/Undo_List.h"
 #include "library/Fm_List_View.h"
+#include "tools/diagnostics/Game_Diagnostic.h"
 #include "ui/console/Console_Json.h"
 #include "ui/console/Console_Render.h"
 #include "ui/console/Console_Words.h"

@@ -86,8 +86,8 @@ QSize Library_Summary::sizeHint() const {
 /// A row is there for Enter as soon as the keys come here.
 void Library_Summary::focusInEvent(QFocusEvent *event) {
     QTableWidget::focusInEvent(event);
-    if (currentRow() < 0 && !is_empty())
-        setCurrentCell(0, game_column);
+    if (!is_empty() && selectedItems().isEmpty())
+        selectRow(std::max(0, currentRow()));
 }
 
 void Library_Summary::Choose(int row) {
