@@ -29,6 +29,9 @@ public:
     /// Brings a game's tab to the front.
     void Show_game(const QString &code);
 
+protected:
+    void reject() override;
+
 private:
     QTabWidget *Make_tabs();
     QWidget *Make_buttons();
@@ -45,9 +48,6 @@ private:
     Auto_Configure_Panel *auto_configure_;
     bool at_work_ = false;
     QPointer<QWidget> focus_before_work_; ///< what is disabled loses the keys
-
-protected:
-    void reject() override;
 };
 
 } // namespace vantrosk
