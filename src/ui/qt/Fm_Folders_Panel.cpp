@@ -81,6 +81,8 @@ QTreeWidget *Fm_Folders_Panel::Make_list() {
     list->header()->setSectionsMovable(false);
     list->header()->setSectionResizeMode(mixed_column, QHeaderView::ResizeToContents);
     list->setMinimumHeight(list->fontMetrics().height() * 4);
+    // It takes what room there is; what it would like must not make the tab scroll.
+    list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     list->installEventFilter(this);
     return list;
 }

@@ -12,6 +12,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -21,6 +23,7 @@ namespace vantrosk {
 namespace {
 
 constexpr int window_width = 940, window_height = 600;
+constexpr int title_height = 32; ///< of a window manager
 
 constexpr const char *hint = "Choose a game's tab, find its program with “…”, then press the green plus and "
                              "point at one of your missions. "
@@ -28,6 +31,15 @@ constexpr const char *hint = "Choose a game's tab, find its program with “…�
 constexpr const char *save_tip = "Save Your Configuration\nClick here to save any changes you have "
                                  "made.\nPlease Note: this may take a few "
                                  "seconds and some changes may require a restart of Vantrosk.";
+
+/// On a low screen, such as one of double density, a tab scrolls.
+QScrollArea *Scrolled(QWidget *panel) {
+    auto *area = new QScrollArea;
+    area->setWidget(panel);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    return area;
+}
 
 QFrame *Line() {
     auto *line = new QFrame;
@@ -58,7 +70,7 @@ frmSettings::frmSettings(Program &program, QWidget *parent)
     column->addWidget(Make_buttons());
     connect(auto_configure_, &Auto_Configure_Panel::Works, this, &frmSettings::Set_at_work);
     connect(auto_configure_, &Auto_Configure_Panel::Changed, this, &frmSettings::Refresh);
-    resize(window_width, window_height);
+    resize(QSize(window_width, window_height).boundedTo(screen()->availableSize() - QSize(0, title_height)));
     Refresh();
     games_.front()->Take_focus();
 }
@@ -78,7 +90,7 @@ QTabWidget *frmSettings::Make_tabs() {
             // Where nobody manages windows, the one behind a closed dialog does not get the keys by itself.
             activateWindow();
         });
-        tabs->addTab(panel, QLatin1String(tab.caption));
+        tabs->addTab(Scrolled(panel), QLatin1String(tab.caption));
         games_.push_back(panel);
     }
     return tabs;
