@@ -1,17 +1,10 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <QStringList>
-
-#include <map>
+#include "Fault_Games.h"
 
 /// A game folder with the player's saves, two missions and the program's folder, on a disk of its own where
 /// the system allows one.
 namespace faults {
-
-/// Files below a folder by relative name; folders end in "/".
-using Tree = std::map<QString, QByteArray>;
 
 /// What is missing or wrong after a trial.
 struct Loss {
@@ -26,18 +19,18 @@ struct Loss {
 class Fault_World {
 public:
     /// `folder` is empty and native.
-    explicit Fault_World(const QString &folder);
+    Fault_World(const QString &folder, Fault_Game game);
 
-    /// Fills the world: a game, mission A of 150 files installed and played, mission B of 400 files played
-    /// before. `run` installs a zip.
+    /// The game and the zips.
+    void make_files();
+    /// Mission A installed and played, mission B played before. `run` installs a zip.
     template<typename Run>
     void make(Run run) {
-        make_game();
-        make_missions();
         run("b.zip");
-        play_b();
+        play(game_.played_b);
         run("a.zip");
-        play_a();
+        play(game_.played_a);
+        leave_played();
         keep();
     }
     void rewind(); ///< everything as `make` left it
@@ -51,20 +44,21 @@ public:
     /// After the original missions were put back: what of the game, its saves and the missions' saves is not
     /// there byte for byte.
     Loss loss() const;
-    /// Files of the game that mission B brings too.
-    const QStringList &overwritten() const { return overwritten_; }
+    const Fault_Game &about() const { return game_; }
 
 private:
-    void make_game();
-    void make_missions();
-    void play_b();
-    void play_a();
+    void play(const Tree &saves);
+    void leave_played();
     void keep();
+    QString saves() const { return root_ + "/" + game_.saves; }
+    Tree live_saves() const;
+    Tree archive(const QString &name) const;
+    void compare_saves(Loss &loss) const;
+    void look_for_left_overs(Loss &loss) const;
 
     QString folder_, root_, template_;
-    Tree game_files_;        ///< with the saves of the originals
+    Fault_Game game_;
     Tree saves_a_, saves_b_; ///< by name in the archive
-    QStringList overwritten_;
 };
 
 Tree Read_tree(const QString &folder);

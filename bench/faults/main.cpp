@@ -1,6 +1,6 @@
 // Stops installs of a mission of 400 files at many moments and by many means, puts the original missions back
-// and counts what is missing. bench_faults [FOLDER [SHARE]]: works below FOLDER; SHARE 2 tries every second
-// moment.
+// and counts what is missing. bench_faults [FOLDER [SHARE [GAME]...]]: works below FOLDER; SHARE 2 tries
+// every second moment; GAME is T2, T3 or DOOM.
 
 #include "Child.h"
 #include "Fault_World.h"
@@ -106,7 +106,8 @@ private:
 
     void done(const Row &row) {
         rows_.push_back(row);
-        out << row.what << ": " << row.recovered << " of " << row.tried << Qt::endl;
+        out << world_.about().name << ", " << row.what << ": " << row.recovered << " of " << row.tried
+            << Qt::endl;
         if (!row.first_failure.isEmpty())
             out << "    " << row.first_failure << Qt::endl;
     }
@@ -215,7 +216,7 @@ private:
             return done(row);
         }
         namespace fs = std::filesystem;
-        const QStringList names = world_.overwritten();
+        const QStringList names = world_.about().overwritten;
         for (int i = 0; i < 20; i += share_) {
             world_.rewind();
             give_to_nobody();
@@ -238,8 +239,8 @@ private:
         Row row{"a folder in the place of a file"};
         for (int i = 0; i < 20; i += share_) {
             world_.rewind();
-            const QString place =
-                QString("%1/books/b%2/new%3.pcx").arg(world_.game()).arg(i * 7 % 5).arg(i * 7);
+            const QStringList &brought = world_.about().brought;
+            const QString place = world_.game() + "/" + brought[i * 7 % brought.size()];
             Write_file(place + "/mine.txt", "of the player");
             const Child_End cut = Run_child(world_, install_b_);
             if (!QFile::exists(place + "/mine.txt"))
@@ -289,15 +290,16 @@ private:
             << "| what | moments | runs cut short | log shown | states recovered | bytes lost |" << Qt::endl
             << "|---|---|---|---|---|---|" << Qt::endl;
         for (const Row &row : rows_)
-            out << "| " << row.what << " | " << row.tried << " | " << row.cut << " | " << row.shown << " | "
-                << row.recovered << " | " << row.loss.bytes << " |" << Qt::endl;
+            out << "| " << world_.about().name << ": " << row.what << " | " << row.tried << " | " << row.cut
+                << " | " << row.shown << " | " << row.recovered << " | " << row.loss.bytes << " |"
+                << Qt::endl;
     }
 
     Fault_World &world_;
     const int share_;
     const bool own_disk_;
-    const QStringList install_b_{"install", "T2", "b.zip"};
-    const QStringList restore_{"restore", "T2"};
+    const QStringList install_b_{"install", world_.about().word, "b.zip"};
+    const QStringList restore_{"restore", world_.about().word, world_.about().originals};
     std::map<const QStringList *, qint64> lengths_;
     std::map<const QStringList *, int> lines_;
     std::mt19937 random_{moments_seed};
@@ -310,17 +312,9 @@ bool Mount_disk(const QString &folder) {
            ::mount("none", QFile::encodeName(folder).constData(), "tmpfs", 0, "size=64m,mode=777") == 0;
 }
 
-} // namespace
-
-int main(int argc, char **argv) {
-    vantrosk::Prepare_linux_process();
-    const QCoreApplication application(argc, argv);
-    const QStringList words = QCoreApplication::arguments();
-    const QString folder = words.value(1, QDir::tempPath() + "/vantrosk_faults");
-    QDir(folder).removeRecursively();
-    QDir().mkpath(folder);
-    const bool own_disk = Mount_disk(folder);
-    Fault_World world(folder);
+/// All trials of one game; false when something was lost.
+bool Try_game(const QString &folder, const Fault_Game &game, int share, bool own_disk) {
+    Fault_World world(folder, game);
     const auto must = [&](const QStringList &command) {
         const Child_End end = Run_child(world, command);
         if (end.exit_code == 0)
@@ -328,17 +322,37 @@ int main(int argc, char **argv) {
         out << command.join(' ') << " failed: " << end.errors << Qt::endl;
         std::exit(2);
     };
-    QDir().mkpath(world.home());
-    must({"settings", "set", "T2GAME", world.game()});
-    must({"settings", "set", "T2", world.zips()});
+    world.make_files();
+    for (const auto &[key, path] : game.settings)
+        must({"settings", "set", key, world.root() + "/" + path});
     must({"settings", "set", "LANGUAGE", "english"});
     world.make([&](const char *zip) {
-        must({"scan", "T2"});
-        must({"install", "T2", zip});
+        must({"scan", game.word});
+        must({"install", game.word, zip});
     });
-    Harness harness(world, qMax(1, words.value(2, "1").toInt()), own_disk);
+    Harness harness(world, share, own_disk);
     harness.run();
+    QDir(folder).removeRecursively();
+    QDir().mkpath(folder);
+    return !harness.failed();
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    vantrosk::Prepare_linux_process();
+    const QCoreApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments();
+    const QString folder = words.value(1, QDir::tempPath() + "/vantrosk_faults");
+    const int share = qMax(1, words.value(2, "1").toInt());
+    QDir(folder).removeRecursively();
+    QDir().mkpath(folder);
+    const bool own_disk = Mount_disk(folder);
+    bool all = true;
+    for (const Fault_Game &game : {Thief_2(), Thief_3(), Doom_3()})
+        if (words.size() < 4 || words.mid(3).contains(game.word))
+            all = Try_game(folder + "/" + game.word, game, share, own_disk) && all;
     if (!own_disk)
         QDir(folder).removeRecursively();
-    return harness.failed() ? 1 : 0;
+    return all ? 0 : 1;
 }

@@ -17,6 +17,9 @@ Details_Tabs::Details_Tabs(const QString &name, const QString &caption, QWidget 
     bar_->setToolTip(caption);
     bar_->setDrawBase(false);
     bar_->setExpanding(false);
+    // A narrow window shortens the captions rather than hiding a tab behind an arrow.
+    bar_->setUsesScrollButtons(false);
+    bar_->setElideMode(Qt::ElideRight);
     auto *row = new QHBoxLayout(strip);
     row->setContentsMargins(0, 0, 0, 1);
     row->addWidget(bar_);
@@ -37,6 +40,7 @@ void Details_Tabs::Add(const QString &key, const QString &caption, QWidget *page
     keys_.insert(at, key);
     pages_->insertWidget(at, page);
     bar_->insertTab(at, caption);
+    bar_->setTabToolTip(at, caption);
     pages_->setCurrentIndex(bar_->currentIndex());
 }
 

@@ -2,11 +2,11 @@
 
 #include "Qt_Ui.h"
 #include "Theme.h"
-#include "tools/plugin_tools/Video_Codec.h"
 
 #include "core/Program.h"
 #include "core/mdlErrorHandler.h"
 #include "core/mdlFormDisplayFunctions.h"
+#include "tools/plugin_tools/Video_Codec.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -132,6 +132,7 @@ QWidget *frmTools::Make_built_in() {
         button->setObjectName(QLatin1String(entry.name));
         button->setAccessibleDescription(QLatin1String(entry.missing));
         button->setToolTip(QLatin1String(entry.missing));
+        button->setAutoDefault(false);
         button->setEnabled(false);
         row->addWidget(button);
     }
