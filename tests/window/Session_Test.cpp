@@ -7,7 +7,6 @@
 #include "ui/qt/Details_Panel_View.h"
 #include "ui/qt/Fm_List_Panel.h"
 #include "ui/qt/Fm_Table.h"
-#include "ui/qt/Library_Summary.h"
 #include "ui/qt/Notes_Window.h"
 #include "ui/qt/Set_Up_Game.h"
 #include "ui/qt/Start_Address.h"
@@ -225,48 +224,6 @@ TEST_F(Session, Columns_that_the_list_sized_are_stored_and_sized_again_for_anoth
     Window().resize(1280, 800);
     QCoreApplication::processEvents();
     EXPECT_EQ(Window().list->table()->columnWidth(col_author), 101) << "the user's own";
-}
-
-TEST_F(Session, The_saved_summary_of_all_games_stands_where_no_list_is_yet_and_leads_to_one) {
-    Settle();
-    db_Execute(*program,
-               "INSERT INTO table_game_info (game_name,list_number) values('Thief The Metal Age',3)");
-    db_Execute(*program, "update table_game_info SET zip_count=12, zip_size = 2048, FMs_completed = 3 "
-                         ",saves_count = 4 where game_name = 'Thief The Metal Age' and list_number = 3");
-    ASSERT_TRUE(Start());
-    auto *summary = Window().list->findChild<Library_Summary *>("library_summary");
-    ASSERT_NE(summary, nullptr);
-    EXPECT_TRUE(summary->isVisible());
-    QStringList texts;
-    for (int column = 0; column < summary->columnCount(); ++column)
-        texts << summary->horizontalHeaderItem(column)->text() + "=" + summary->item(0, column)->text();
-    EXPECT_EQ(texts, QStringList({"Game=Thief The Metal Age", "FMs=12", "Total Size=2 KB", "Finished=3",
-                                  "Save Zips=4"}));
-    Window().activateWindow();
-    summary->setFocus();
-    EXPECT_TRUE(Window_World::Wait_until([&] { return summary->item(0, 0)->isSelected(); }));
-    QTest::keyClick(summary, Qt::Key_Return);
-    EXPECT_TRUE(Window_World::Wait_until([&] { return program->SELECTED_GAME_TAB == "T2"; }));
-    EXPECT_FALSE(summary->isVisible());
-}
-
-TEST_F(Session, The_summary_window_tells_of_the_last_scans) {
-    Settle();
-    Library_Summary_Window none(*program);
-    EXPECT_TRUE(none.findChild<Library_Summary *>()->is_empty());
-    db_Execute(*program, "INSERT INTO table_game_info (game_name,list_number) values('Thief Gold',2)");
-    db_Execute(*program, "INSERT INTO table_game_info (game_name,list_number) values('My Game',20)");
-    Library_Summary_Window window(*program);
-    auto *summary = window.findChild<Library_Summary *>();
-    QStringList chosen;
-    QObject::connect(&window, &Library_Summary_Window::Game_chosen,
-                     [&](const QString &code) { chosen << code; });
-    window.show();
-    Q_EMIT summary->cellClicked(1, 0);
-    EXPECT_TRUE(window.isVisible()) << "a game of the user's own has no list of this kind";
-    Q_EMIT summary->cellClicked(0, 0);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(chosen, QStringList{"TG"});
 }
 
 TEST_F(Session, Sizes_of_a_store_where_anybody_may_write_do_no_harm) {

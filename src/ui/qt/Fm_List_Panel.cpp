@@ -4,7 +4,6 @@
 #include "Fm_List_Delegate.h"
 #include "Fm_List_Model.h"
 #include "Fm_Table.h"
-#include "Library_Summary.h"
 
 #include "core/Games.h"
 #include "core/Program.h"
@@ -86,12 +85,9 @@ Fm_List_Panel::Fm_List_Panel(Program &program, const Theme &theme, QWidget *pare
     empty_button_->setObjectName(QStringLiteral("list_choose_missions"));
     empty_button_->setAccessibleName(QStringLiteral("Choose the mission folder"));
     empty_button_->setToolTip(QStringLiteral("Names the folder that holds the mission zips of this game"));
-    summary_ = new Library_Summary(program);
-    connect(summary_, &Library_Summary::Game_chosen, this, &Fm_List_Panel::Game_chosen);
     auto *empty_column = new QVBoxLayout(empty_);
     empty_column->addStretch();
     empty_column->addWidget(empty_text_);
-    empty_column->addWidget(summary_, 0, Qt::AlignHCenter);
     empty_column->addSpacing(8);
     empty_column->addWidget(empty_button_, 0, Qt::AlignHCenter);
     empty_column->addStretch();
@@ -370,8 +366,6 @@ void Fm_List_Panel::Refresh_empty_state() {
     else
         empty_text_->setText(QStringLiteral("Choose a game on the left to see its missions."));
     empty_button_->setVisible(nothing_listed && game);
-    summary_->Refresh();
-    summary_->setVisible(nothing_listed && program_.SELECTED_GAME_TAB.isEmpty() && !summary_->is_empty());
     const int top = table_->frozen_rows() * Fm_Table::row_height;
     empty_->setGeometry(0, top, table_->viewport()->width(), std::max(0, table_->viewport()->height() - top));
     empty_->setVisible(nothing_listed || nothing_found);

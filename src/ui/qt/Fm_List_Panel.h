@@ -19,7 +19,6 @@ class Fm_List_Find;
 class Fm_List_Model;
 class Filter_Strip;
 class Fm_Table;
-class Library_Summary;
 
 /// The FM list: the grid, what "Find in list" leaves of it, and a sentence where there is nothing to list.
 class Fm_List_Panel : public QWidget {
@@ -31,8 +30,6 @@ public:
     void Refresh();
     void Refresh_row(int row);
     void Refresh_current_row();
-    /// The sentence, and the summary of all games, where there is nothing to list.
-    void Refresh_empty_state();
     void Show_rows(bool visible);
     void Find(const QString &text);
     int Shown_missions() const; ///< rows to be seen, the original missions not counted
@@ -58,8 +55,7 @@ Q_SIGNALS:
     void Next_step_wanted(); ///< Enter in the list
     void Mission_folder_wanted();
     void Shown_changed();
-    void All_wanted();                     ///< the filter is to go
-    void Game_chosen(const QString &code); ///< in the library summary
+    void All_wanted(); ///< the filter is to go
     void Row_menu_wanted(const QPoint &at_global);
 
 protected:
@@ -78,6 +74,7 @@ private:
     void Fit_columns();
     void Fit_to_headings();
     void Remember_width(int column, int width);
+    void Refresh_empty_state();
     bool Column_is_on(int column) const;
     Column_Room Room_of(int column) const;
     void Share_room(int room);
@@ -92,7 +89,6 @@ private:
     QWidget *empty_;
     QLabel *empty_text_;
     QPushButton *empty_button_;
-    Library_Summary *summary_;
     QTimer choice_timer_;
     std::vector<int> widths_, kept_widths_;
     QStringList fitted_headings_; ///< which the columns were sized for last

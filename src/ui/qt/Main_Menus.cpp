@@ -74,7 +74,6 @@ void frmMain::Refresh_menus() {
     Refresh_editor_entry();
     Allow(scan_action_, free && !program_.SELECTED_GAME_TAB.isEmpty(),
           QStringLiteral("a game has to be chosen"));
-    Allow(summary_action_, free && !shows_empty_state(), QLatin1String(no_game));
     for (QAction *action : games_menu_->actions())
         if (!action->data().isNull())
             Allow(action, Game_is_set_up(program_, action->data().toString()),
@@ -179,9 +178,6 @@ void frmMain::Make_games_menu() {
     scan_action_ = Add_action(games_menu_, QStringLiteral("&Scan again"), QStringLiteral("F5"),
                               QStringLiteral("Looks through the mission folders anew"),
                               [this] { commands->Scan_again(); });
-    summary_action_ = Add_action(games_menu_, QStringLiteral("&Library summary…"), QStringLiteral("Ctrl+L"),
-                                 QStringLiteral("Tells what the last scan of each game found"),
-                                 [this] { Show_library_summary(); });
 }
 
 /// The editor's own name stands in the menu too.
@@ -226,7 +222,6 @@ void frmMain::Show_about() {
         "<tr><td>Ctrl+I, Ctrl+P</td><td>install, play</td></tr>"
         "<tr><td>Ctrl+F</td><td>find in the list or in the readme</td></tr>"
         "<tr><td>F5</td><td>scan again</td></tr>"
-        "<tr><td>Ctrl+L</td><td>what the last scans found</td></tr>"
         "<tr><td>F6, F7, F8</td><td>to the list, to the readme, to your score</td></tr>"
         "<tr><td>F9</td><td>to the missions played lately</td></tr>"
         "<tr><td>Ctrl+E, Ctrl+T</td><td>editor, tools</td></tr></table>"));

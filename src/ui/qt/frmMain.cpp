@@ -8,7 +8,6 @@
 #include "Fm_Table.h"
 #include "Game_Toolbar.h"
 #include "Games_Panel_View.h"
-#include "Library_Summary.h"
 #include "Notes_Window.h"
 #include "Qt_Ui.h"
 #include "Readme_Actions.h"
@@ -217,7 +216,6 @@ void frmMain::Connect_panels() {
     connect(games, &Game_Toolbar::Set_up_wanted, this, &frmMain::Set_up);
     connect(games, &Game_Toolbar::Configure_chosen, this, [this] { Show_settings(); });
     connect(games, &Game_Toolbar::Help_chosen, this, &frmMain::Show_about);
-    connect(list, &Fm_List_Panel::Game_chosen, commands, &Window_Commands::Choose_game);
     connect(games_panel, &Games_Panel_View::Game_chosen, commands, &Window_Commands::Choose_game);
     connect(games_panel, &Games_Panel_View::Custom_game_chosen, this,
             [this](const QString &name) { commands->Choose_custom_game(name); });
@@ -367,7 +365,6 @@ void frmMain::Show_light(int index, const QString &text) {
 
 void frmMain::Refresh_games() {
     games->Refresh();
-    list->Refresh_empty_state();
     games_panel->Refresh();
     pages_->setCurrentIndex(Any_game_is_set_up(program_) ? 1 : 0);
     find->setVisible(!shows_empty_state());
@@ -510,15 +507,6 @@ void frmMain::Scan_first_game() {
                 this, [this, code] { commands->Choose_game(code); }, Qt::QueuedConnection);
             return;
         }
-}
-
-void frmMain::Show_library_summary() {
-    Library_Summary_Window summary(program_, this);
-    QString chosen;
-    connect(&summary, &Library_Summary_Window::Game_chosen,
-            [&chosen](const QString &code) { chosen = code; });
-    summary.exec();
-    commands->Choose_game(chosen);
 }
 
 void frmMain::Show_trace_entry(bool shown) {

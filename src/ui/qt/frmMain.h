@@ -65,7 +65,6 @@ public:
     /// Lists the first game that has both folders, unless a list is there already.
     void Scan_first_game();
     void Show_game_diagnostic();
-    void Show_library_summary();
     void Show_tools();
     /// The details section as the mode wants it, the columns as the tweaks want them.
     void Position_panels();
@@ -137,7 +136,7 @@ private:
     QMenu *custom_games_menu_ = nullptr;
     QAction *play_action_ = nullptr, *install_action_ = nullptr, *scan_action_ = nullptr;
     QAction *reset_action_ = nullptr, *mode_action_ = nullptr, *trace_action_ = nullptr;
-    QAction *opinions_action_ = nullptr, *summary_action_ = nullptr;
+    QAction *opinions_action_ = nullptr;
     QAction *recent_action_ = nullptr, *editor_action_ = nullptr;
     QMenu *recent_menu_ = nullptr;
     QTimer splitter_timer_, light_timer_, housekeeping_timer_, focus_timer_, presence_timer_;
