@@ -1,7 +1,5 @@
 #include "install/Play.h"
 
-#include "tools/plugin_tools/Launch_Tools.h"
-
 #include "core/Program.h"
 #include "core/mdlDB_Functions.h"
 #include "core/mdlDebug.h"
@@ -15,6 +13,7 @@
 #include "install/Splash_Swap.h"
 #include "install/T3_Ini.h"
 #include "install/undo/Undo_List.h"
+#include "tools/plugin_tools/Launch_Tools.h"
 
 #include <QLocale>
 

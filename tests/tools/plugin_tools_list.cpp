@@ -1,7 +1,6 @@
-#include "tools/plugin_tools_world.h"
-
 #include "core/mdlChecksum.h"
 #include "core/mdlFile_Functions.h"
+#include "tools/plugin_tools_world.h"
 
 namespace vantrosk {
 namespace {

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "tools/plugin_tools/Launch_Tools.h"
-#include "tools/plugin_tools/Plugin_Tools.h"
-#include "tools/plugin_tools/Video_Codec.h"
-
 #include "core/mdlDB_Functions.h"
 #include "core/mdlDebug.h"
 #include "support/Recorded_Processes.h"
 #include "support/World.h"
+#include "tools/plugin_tools/Launch_Tools.h"
+#include "tools/plugin_tools/Plugin_Tools.h"
+#include "tools/plugin_tools/Video_Codec.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "tools/plugin_tools/Plugin_Tools.h"
 #include "window/Window_World.h"
 
+#include "tools/plugin_tools/Plugin_Tools.h"
 #include "ui/qt/frmTools.h"
 
 #include <QApplication>

@@ -1,14 +1,13 @@
 #include "tools/plugin_tools/Launch_Tools.h"
 
-#include "tools/plugin_tools/Tool_Records.h"
-#include "tools/plugin_tools/Video_Codec.h"
-
 #include "core/Program.h"
 #include "core/mdlDB_Functions.h"
 #include "core/mdlDebug.h"
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "core/mdlFunctions.h"
+#include "tools/plugin_tools/Tool_Records.h"
+#include "tools/plugin_tools/Video_Codec.h"
 
 #include <algorithm>
 

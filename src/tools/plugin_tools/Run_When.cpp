@@ -1,8 +1,7 @@
-#include "tools/plugin_tools/Plugin_Tools.h"
-
 #include "core/Games.h"
 #include "core/Program.h"
 #include "core/mdlDB_Functions.h"
+#include "tools/plugin_tools/Plugin_Tools.h"
 
 #include <QRegularExpression>
 

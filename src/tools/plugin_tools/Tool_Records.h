@@ -1,9 +1,8 @@
 #pragma once
 
-#include "tools/plugin_tools/Plugin_Tools.h"
-
 #include "core/mdlDB_Functions.h"
 #include "platform/Processes.h"
+#include "tools/plugin_tools/Plugin_Tools.h"
 
 namespace vantrosk {
 

@@ -1,12 +1,11 @@
 #include "tools/plugin_tools/Video_Codec.h"
 
-#include "tools/plugin_tools/Plugin_Tools.h"
-
 #include "core/Program.h"
 #include "core/mdlDB_Functions.h"
 #include "core/mdlDebug.h"
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
+#include "tools/plugin_tools/Plugin_Tools.h"
 
 #include <array>
 

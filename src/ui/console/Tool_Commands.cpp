@@ -1,9 +1,8 @@
 #include "ui/console/Tool_Commands.h"
 
-#include "tools/plugin_tools/Plugin_Tools.h"
-
 #include "core/Program.h"
 #include "install/Recent.h"
+#include "tools/plugin_tools/Plugin_Tools.h"
 #include "ui/console/Console_Words.h"
 
 #include <QJsonArray>

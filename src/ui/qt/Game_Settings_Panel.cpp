@@ -42,7 +42,7 @@ Game_Settings_Panel::Game_Settings_Panel(Program &program, Settings_Controls &co
     QLayout *game_row = Make_game_row();
     QLayout *editor_row = Make_editor_row();
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(settings_margin, settings_gap, settings_margin, settings_gap);
+    column->setContentsMargins(settings_margin, settings_gap / 2, settings_margin, settings_gap / 2);
     column->setSpacing(settings_gap / 2);
     column->addWidget(
         Settings_label(QStringLiteral("Step &1) Game Location"), QStringLiteral("strong"), locate_));

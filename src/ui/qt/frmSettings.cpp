@@ -25,9 +25,9 @@ namespace {
 constexpr int window_width = 940, window_height = 600;
 constexpr int title_height = 32; ///< of a window manager
 
-constexpr const char *hint = "Choose a game's tab, find its program with “…”, then press the green plus and "
-                             "point at one of your missions. "
-                             "Auto Configure finds what is installed. Save when all is named.";
+constexpr const char *hint =
+    "Find a game's program with “…”, press the green plus and point at one mission. Auto "
+    "Configure finds what is installed.";
 constexpr const char *save_tip = "Save Your Configuration\nClick here to save any changes you have "
                                  "made.\nPlease Note: this may take a few "
                                  "seconds and some changes may require a restart of Vantrosk.";
