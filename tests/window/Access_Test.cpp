@@ -151,7 +151,7 @@ TEST(Access, Without_a_game_an_entry_that_needs_one_is_off_and_says_why) {
                 EXPECT_TRUE(action->toolTip().contains(": ")) << action->text().toStdString();
         }
     EXPECT_EQ(usable.join(u'|'), "Set up a game…|Settings…|Exit|" + world.program().screen.menu.mode +
-                                     "|General Tools|About Vantrosk");
+                                     "|General Tools|Plugin Toolset And More Tools|About Vantrosk");
     world.Set_up_game("T2");
     for (const char *name : {"action_Find", "action_Taller_list", "action_Go_to_the_list"}) {
         EXPECT_TRUE(window.findChild<QAction *>(name)->isEnabled()) << name;

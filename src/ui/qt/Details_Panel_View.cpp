@@ -253,7 +253,12 @@ void Details_Panel_View::Refresh_buttons() {
     play_->setEnabled(has_mission && details.play_enabled);
     install_->setEnabled(has_mission && details.install_enabled);
     reset_->setEnabled(has_mission && details.reset_enabled);
-    const Editor_Button &editor = program_.screen.editor;
+    // Before a game is chosen the button says what most games have.
+    const Editor_Button &active = program_.screen.editor;
+    const Editor_Button editor =
+        active.caption.isEmpty()
+            ? Editor_Button{QStringLiteral("&DromEd"), QStringLiteral("Load Mission into DromEd"), false}
+            : active;
     editor_->setText(editor.caption);
     editor_->setAccessibleName(QString(editor.caption).remove(u'&'));
     editor_->setToolTip(editor.tip);

@@ -102,13 +102,14 @@ void frmMain::Make_file_menu() {
     install_action_ = Add_action(menu, QStringLiteral("&Install"), QStringLiteral("Ctrl+I"),
                                  QStringLiteral("Puts the mission into the game's folder"),
                                  [this] { commands->Install(); });
-    editor_action_ = Add_action(menu, QStringLiteral("&Editor"), QStringLiteral("Ctrl+E"), QString(),
-                                [this] { commands->Edit(); });
+    editor_action_ =
+        Add_action(menu, QStringLiteral("Open in the e&ditor"), QStringLiteral("Ctrl+E"),
+                   QStringLiteral("Opens the mission in its game's editor"), [this] { commands->Edit(); });
     reset_action_ = Add_action(menu, QStringLiteral("&Reset…"), QStringLiteral("Ctrl+Shift+R"),
                                QStringLiteral("Forgets what is stored of the mission; the zip stays"),
                                [this] { Reset_mission(); });
     menu->addSeparator();
-    recent_menu_ = menu->addMenu(QLatin1String(recent_caption));
+    recent_menu_ = menu->addMenu(QStringLiteral("Recently &Used FMs"));
     recent_menu_->setObjectName(QStringLiteral("recent_missions_menu"));
     recent_menu_->menuAction()->setToolTip(QStringLiteral("Goes back to a mission that was played lately"));
     menu->addSeparator();
@@ -140,7 +141,7 @@ void frmMain::Make_view_menu() {
                QStringLiteral("The keys go to the mission list"), [this] { list->setFocusToList(); });
     Add_action(menu, QStringLiteral("Go to the &readme"), QStringLiteral("F7"),
                QStringLiteral("The keys go to the readme"), [this] { readme->Take_focus(); });
-    recent_action_ = Add_action(menu, QStringLiteral("Show &Recently Used FMs"), QStringLiteral("F9"),
+    recent_action_ = Add_action(menu, QStringLiteral("Show Recently &Used FMs"), QStringLiteral("F9"),
                                 QStringLiteral("The keys go to the missions that were played lately"),
                                 [this] { Go_to_recent(); });
     menu->addSeparator();
@@ -180,13 +181,12 @@ void frmMain::Make_games_menu() {
                               [this] { commands->Scan_again(); });
 }
 
-/// The editor's own name stands in the menu too.
+/// The tip tells which editor that is.
 void frmMain::Refresh_editor_entry() {
-    const Editor_Button &editor = program_.screen.editor;
     const bool free = !told_busy_ && !commands->is_working();
-    editor_action_->setText(editor.caption.isEmpty() ? QStringLiteral("&Editor") : editor.caption);
-    editor_action_->setToolTip(editor.tip);
-    editor_action_->setEnabled(free && details->editor()->isEnabled());
+    editor_action_->setProperty("tip", details->editor()->toolTip());
+    Allow(editor_action_, free && details->editor()->isEnabled(),
+          QStringLiteral("the game's folder has none, or no mission is selected"));
 }
 
 void frmMain::Fill_custom_games_menu() {
