@@ -29,8 +29,12 @@ struct Database::State {
     void close();
 };
 
-/// Orders and compares all text columns: without regard to case in any script, accents kept.
-inline constexpr const char *text_collation = "VANTROSK";
+/// Orders and compares all text columns: without regard to case in any script, accents kept. It takes the
+/// place and the name of the engine's own, so that other tools can read and write the file; to those,
+/// capitals beyond ASCII differ from small letters.
+inline constexpr const char *text_collation = "NOCASE";
+/// What files of before the first release call it.
+inline constexpr const char *old_text_collation = "VANTROSK";
 /// Holds the widths that ALTER COLUMN gave; the engine itself can not change a column's type.
 inline constexpr const char *column_sizes_table = "vantrosk_column_sizes";
 

@@ -164,7 +164,8 @@ int Compare_text(const QByteArray &left_utf8, const QByteArray &right_utf8) {
 }
 
 void Register_dialect(sqlite3 *connection, const Clock &clock) {
-    sqlite3_create_collation_v2(connection, text_collation, SQLITE_UTF8, nullptr, Collate, nullptr);
+    for (const char *name : {text_collation, old_text_collation})
+        sqlite3_create_collation_v2(connection, name, SQLITE_UTF8, nullptr, Collate, nullptr);
     for (const Function_Entry &entry : functions) {
         sqlite3_create_function_v2(connection, entry.name, entry.arguments, SQLITE_UTF8 | entry.flags,
                                    const_cast<Clock *>(&clock), entry.call, nullptr, nullptr, nullptr);

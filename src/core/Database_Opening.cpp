@@ -42,7 +42,7 @@ constexpr const char *connection_statements[] = {
     "PRAGMA journal_mode=WAL",
     "PRAGMA synchronous=NORMAL", // with the log ahead, a commit does not wait for the disk
     "PRAGMA temp_store=MEMORY",
-    "CREATE TEMP VIEW MSysObjects AS SELECT name COLLATE VANTROSK AS Name, NULL AS datecreate, NULL AS "
+    "CREATE TEMP VIEW MSysObjects AS SELECT name COLLATE NOCASE AS Name, NULL AS datecreate, NULL AS "
     "dateupdate, 0 AS Flags, 1 AS Type FROM sqlite_master WHERE type = 'table' AND name NOT GLOB 'sqlite_*'",
 };
 
@@ -52,7 +52,7 @@ constexpr const char *index_statements[] = {
 };
 
 constexpr const char *column_sizes_statement =
-    "CREATE TABLE IF NOT EXISTS %1 (table_name TEXT COLLATE VANTROSK, column_name TEXT COLLATE VANTROSK, "
+    "CREATE TABLE IF NOT EXISTS %1 (table_name TEXT COLLATE NOCASE, column_name TEXT COLLATE NOCASE, "
     "size INTEGER, PRIMARY KEY (table_name, column_name))";
 
 /// Whether closing writes the log into the file; not before the file is known to be sound.
@@ -225,6 +225,7 @@ void Connect(Program &program, Database::State &state, const QString &path, Look
     if (look == Look::at_all_of_it) {
         if (const auto damage = Damage_of(state.connection))
             throw Program_Error(SQLITE_CORRUPT, *damage);
+        Read_all(state.connection, "REINDEX"); // another tool sorts capitals beyond ASCII elsewhere
     }
     Write_log_at_close(state.connection, true);
     for (const char *statement : connection_statements)

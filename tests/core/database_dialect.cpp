@@ -44,8 +44,8 @@ constexpr Translation translations[] = {
      "SELECT zip_name FROM Table_Scores ORDER BY zip_name LIMIT 10"},
     {"select top from t", "select top from t"},
     // A text that stands beside no column.
-    {"SELECT 1 WHERE 'a' = \"A\"", "SELECT 1 WHERE 'a' = 'A' COLLATE VANTROSK"},
-    {"SELECT 1 WHERE trim(a) = 'A'", "SELECT 1 WHERE trim(a) = 'A' COLLATE VANTROSK"},
+    {"SELECT 1 WHERE 'a' = \"A\"", "SELECT 1 WHERE 'a' = 'A' COLLATE NOCASE"},
+    {"SELECT 1 WHERE trim(a) = 'A'", "SELECT 1 WHERE trim(a) = 'A' COLLATE NOCASE"},
     // Is there a value?
     {"SELECT a FROM t WHERE a <> null and a <> ''", "SELECT a FROM t WHERE a IS NOT NULL and a <> ''"},
     {"SELECT a FROM t WHERE a is null", "SELECT a FROM t WHERE a is null"},
@@ -53,11 +53,11 @@ constexpr Translation translations[] = {
     // Tables.
     {"CREATE TABLE t (id counter CONSTRAINT id PRIMARY KEY,a text(10),b memo,c datetime,d currency,e integer,"
      "f number,g boolean,h Text)",
-     "CREATE TABLE t(id INTEGER CONSTRAINT id PRIMARY KEY AUTOINCREMENT, a TEXT(10) COLLATE VANTROSK, b "
+     "CREATE TABLE t(id INTEGER CONSTRAINT id PRIMARY KEY AUTOINCREMENT, a TEXT(10) COLLATE NOCASE, b "
      "TEXT "
-     "COLLATE VANTROSK, c TEXT, d NUMERIC, e INTEGER, f NUMERIC, g INTEGER, h TEXT COLLATE VANTROSK)"},
+     "COLLATE NOCASE, c TEXT, d NUMERIC, e INTEGER, f NUMERIC, g INTEGER, h TEXT COLLATE NOCASE)"},
     {"ALTER TABLE Table_Scores ADD COLUMN  FM_Category Text(250)",
-     "ALTER TABLE Table_Scores ADD COLUMN FM_Category TEXT(250) COLLATE VANTROSK"},
+     "ALTER TABLE Table_Scores ADD COLUMN FM_Category TEXT(250) COLLATE NOCASE"},
     {"ALTER TABLE Table_Scores ADD COLUMN  categories_uploaded datetime",
      "ALTER TABLE Table_Scores ADD COLUMN categories_uploaded TEXT"},
     {"ALTER TABLE Table_Scores ALTER COLUMN  Author Text(250)",

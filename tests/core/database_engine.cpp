@@ -5,6 +5,7 @@
 #include "core/mdlErrorHandler.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 namespace vantrosk {
 
@@ -323,6 +324,30 @@ TEST(Database_Engine, The_key_statement_uses_the_index) {
               "SEARCH Table_Scores USING INDEX scores_by_zip (zip_name=?)");
     EXPECT_EQ(plan("SELECT review FROM Table_Scores WHERE game = 'T2'"),
               "SEARCH Table_Scores USING INDEX scores_by_game (game=?)");
+}
+
+TEST(Database_Engine, Another_tool_reads_and_writes_the_file_and_its_rows_are_found) {
+    Database_World world;
+    Add_mission(world.upgraded(), "Ära.zip");
+    Add_mission(*world.bare, "önd.zip");
+    world.bare.reset();
+    sqlite3 *other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(world.native("home/Vantrosk.mdb")).constData(), &other),
+              SQLITE_OK);
+    for (const char *statement :
+         {"INSERT INTO Table_Scores (zip_name, FM_name, game) VALUES ('ÄRAS.zip', 'N', 'T2')",
+          "UPDATE Table_Scores SET review = 'fine' WHERE zip_name = 'ära.ZIP' OR zip_name = 'ÖND.zip'",
+          "UPDATE Table_Scores SET review = 'good' WHERE zip_name = 'Ära.ZIP' AND game = 't2'"})
+        EXPECT_EQ(sqlite3_exec(other, statement, nullptr, nullptr, nullptr), SQLITE_OK)
+            << statement << ": " << sqlite3_errmsg(other);
+    sqlite3_close(other);
+    world.anew();
+    ASSERT_TRUE(Open_database(*world.bare));
+    EXPECT_EQ(
+        Rows_text(db_Query(*world.bare, "SELECT zip_name FROM Table_Scores WHERE zip_name = 'äras.zip' or "
+                                        "review = 'good'")),
+        "Ära.zip / ÄRAS.zip");
+    EXPECT_EQ(Missions(*world.bare), "Ära.zip / ÄRAS.zip / önd.zip");
 }
 
 TEST(Recordset, Cells_are_found_by_column_in_any_case) {
