@@ -42,9 +42,36 @@ TEST(Key_Manners, Enter_presses_the_button_that_has_the_keys) {
         EXPECT_EQ((Presses<QMainWindow, QPushButton>(key)), 1) << key;
         EXPECT_EQ((Presses<QMainWindow, QToolButton>(key)), 1) << key;
     }
-    EXPECT_EQ((Presses<QDialog, QPushButton>(Qt::Key_Return)), 1) << "once, by the dialog's own rule";
+    EXPECT_EQ((Presses<QDialog, QPushButton>(Qt::Key_Return)), 1) << "once, whoever presses it";
     EXPECT_EQ((Presses<QMainWindow, QCheckBox>(Qt::Key_Return)), 0);
     EXPECT_EQ((Presses<QMainWindow, QPushButton>(Qt::Key_Return, Qt::ControlModifier)), 0);
+}
+
+TEST(Key_Manners, Enter_on_a_button_does_not_press_the_default_one) {
+    const Key_Manners manners;
+    QDialog dialog;
+    auto *column = new QVBoxLayout(&dialog);
+    QStringList pressed;
+    const auto add = [&](const QString &text) {
+        auto *button = new QPushButton(text);
+        button->setAutoDefault(false);
+        column->addWidget(button);
+        QObject::connect(button, &QPushButton::clicked, [&pressed, text] { pressed << text; });
+        return button;
+    };
+    QPushButton *remove = add("Remove");
+    QPushButton *save = add("Save");
+    save->setDefault(true);
+    auto *tick = new QCheckBox("Tick");
+    column->addWidget(tick);
+    dialog.show();
+    QTest::keyClick(remove, Qt::Key_Return);
+    EXPECT_EQ(pressed, QStringList{"Remove"});
+    QTest::keyClick(tick, Qt::Key_Return);
+    EXPECT_EQ(pressed, (QStringList{"Remove", "Save"}));
+    remove->setEnabled(false);
+    QTest::keyClick(remove, Qt::Key_Return);
+    EXPECT_EQ(pressed.count("Remove"), 1);
 }
 
 TEST(Key_Manners, The_keys_go_back_to_the_window_below_a_dialog_that_goes) {

@@ -17,12 +17,11 @@ bool Is_enter(const QKeyEvent &event) {
     return plain && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
 }
 
-/// The button that Enter presses; nothing in a dialog, which has a default button.
+/// The button that Enter presses. In a dialog too: there the default button would be pressed instead of a
+/// button that is no default one, and "Remove" would save.
 QAbstractButton *Button_for_enter(QObject *watched) {
     auto *button = qobject_cast<QAbstractButton *>(watched);
-    const bool is_pressed =
-        button && (qobject_cast<QPushButton *>(button) || qobject_cast<QToolButton *>(button));
-    return is_pressed && !qobject_cast<QDialog *>(button->window()) ? button : nullptr;
+    return qobject_cast<QPushButton *>(button) || qobject_cast<QToolButton *>(button) ? button : nullptr;
 }
 
 void Give_keys_to(QWidget *below) {
