@@ -11,7 +11,7 @@ class Registry {
 public:
     virtual ~Registry() = default;
     /// `path` is "HKEY_LOCAL_MACHINE\Software\...\ValueName"; names compare without case. Nothing when
-    /// key or value is missing.
+    /// key or value is missing. Variables in a text that its writer marked as having some are filled in.
     virtual std::optional<QString> read(const QString &path) const = 0;
 };
 

@@ -20,6 +20,10 @@ constexpr const char *system_reg = R"(WINE REGISTRY Version 2
 "dword"=dword:0000001f
 "largest"=dword:ffffffff
 "expand"=str(2):"%PROGRAMFILES%\\x"
+"expand all"=str(2):"%SystemDrive%\\a;%SystemRoot%;%windir%;%ProgramFiles(x86)%;%ProgramW6432%;%ProgramData%;%PUBLIC%;%other%;100%"
+"expand hex"=hex(2):25,00,73,00,79,00,73,00,74,00,65,00,6d,00,64,00,72,00,\
+  69,00,76,00,65,00,25,00,5c,00,78,00,00,00
+"no variable"="%PROGRAMFILES%\\x"
 "hex"=hex(2):41,00,e4,00,42,\
   00,7d,\
   01,00,00,43,00
@@ -44,6 +48,7 @@ constexpr const char *system_reg = R"(WINE REGISTRY Version 2
 
 [Software\\Wow6432Node\\Only\\Deep] 1700000000
 "x"="of 32 bits"
+"expand"=str(2):"%ProgramFiles%\\x"
 
 [Software\\Classes\\.zip] 1700000000
 @="zipfile"
@@ -79,7 +84,12 @@ constexpr Row found_rows[] = {
     {"HKLM\\Software\\Ion Storm\\Thief - Deadly Shadows\\", "the unnamed value"},
     {"HKLM\\Software\\Kinds\\dword", "31"},
     {"HKLM\\Software\\Kinds\\largest", "4294967295"},
-    {"HKLM\\Software\\Kinds\\expand", "%PROGRAMFILES%\\x"},
+    {"HKLM\\Software\\Kinds\\expand", "C:\\Program Files\\x"},
+    {"HKLM\\Software\\Kinds\\expand all", "C:\\a;C:\\windows;C:\\windows;C:\\Program Files (x86);C:\\Program "
+                                          "Files;C:\\ProgramData;C:\\users\\Public;%other%;100%"},
+    {"HKLM\\Software\\Kinds\\expand hex", "C:\\x"},
+    {"HKLM\\Software\\Kinds\\no variable", "%PROGRAMFILES%\\x"},
+    {"HKLM\\Software\\Only\\Deep\\expand", "C:\\Program Files (x86)\\x"},
     {"HKLM\\Software\\Kinds\\hex", "AäBŽ"},
     {"HKLM\\Software\\Kinds\\plain hex", "AB"},
     {"HKLM\\Software\\Kinds\\empty", ""},

@@ -119,6 +119,43 @@ QString Text_of_hex(const QByteArray &digits) {
     return text;
 }
 
+enum class Program_Bits { are_64, are_32 };
+
+/// What a fresh prefix makes of the variables that set-ups write into paths.
+struct Variable_Row {
+    const char *name;
+    const char *value;
+    const char *value_32 = nullptr; ///< for 32-bit programs of a 64-bit prefix; else the same
+};
+
+constexpr const char *program_files_x86 = "C:\\Program Files (x86)";
+
+constexpr Variable_Row variable_rows[] = {
+    {"SystemDrive", "C:"},
+    {"SystemRoot", "C:\\windows"},
+    {"windir", "C:\\windows"},
+    {"ProgramFiles", "C:\\Program Files", program_files_x86},
+    {"ProgramFiles(x86)", program_files_x86},
+    {"ProgramW6432", "C:\\Program Files"},
+    {"ProgramData", "C:\\ProgramData"},
+    {"PUBLIC", "C:\\users\\Public"},
+};
+
+/// Fills "%ProgramFiles%" and the like in; what no row has stays as it stands, as on Windows.
+QString With_variables(QString text, Program_Bits bits) {
+    for (const Variable_Row &row : variable_rows) {
+        const bool is_32 = bits == Program_Bits::are_32 && row.value_32;
+        text.replace(QString(u'%') + QLatin1String(row.name) + u'%',
+                     QLatin1String(is_32 ? row.value_32 : row.value), Qt::CaseInsensitive);
+    }
+    return text;
+}
+
+/// A text that its writer marked as one with variables.
+bool Has_variables(const QByteArray &data) {
+    return data.startsWith("str(2):") || data.startsWith("hex(2):");
+}
+
 /// The data of a value as text; nothing for a kind that is no text.
 std::optional<QString> Read_data(const QByteArray &data) {
     for (const QByteArray &start : {QByteArray("\""), QByteArray("str(1):\""), QByteArray("str(2):\"")}) {
@@ -185,9 +222,11 @@ public:
         const auto places = places_.constFind(key);
         if (places == places_.constEnd())
             return found;
+        const auto bits =
+            key.contains(Fold_name("\\Wow6432Node\\")) ? Program_Bits::are_32 : Program_Bits::are_64;
         // The latest place comes first.
         for (auto place = places; !found && place != places_.constEnd() && place.key() == key; ++place)
-            found = value_behind(*place, name);
+            found = value_behind(*place, name, bits);
         return found;
     }
 
@@ -207,7 +246,7 @@ private:
             places_.insert(Fold_name(*key), behind);
     }
 
-    std::optional<QString> value_behind(qsizetype place, const QString &name) const {
+    std::optional<QString> value_behind(qsizetype place, const QString &name, Program_Bits bits) const {
         std::optional<QString> found;
         QByteArray joined;
         for (qsizetype at = place; at < file_.size();) {
@@ -222,7 +261,7 @@ private:
             }
             if (const auto data = joined.isEmpty() ? std::nullopt : Data_of_line(joined, name))
                 if (const auto text = Read_data(*data))
-                    found = text;
+                    found = Has_variables(*data) ? With_variables(*text, bits) : *text;
             joined.clear();
         }
         return found;
