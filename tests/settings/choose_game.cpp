@@ -67,6 +67,20 @@ TEST(Choose_File, The_folder_of_a_mission_is_added_once) {
     EXPECT_TRUE(world.ui.file_requests[0].filter.contains("*.zip"));
 }
 
+TEST(Choose_File, A_path_that_the_ini_can_not_keep_is_refused) {
+    Settings_World world;
+    world.ui.files = {"Z:\\FMs a*#*b\\frost.zip", "Z:\\Thief\n2\\thief2.exe", "Z:\\x\r\\dromed.exe"};
+    Locate_Missions(world.program(), world.controls, "T2");
+    Locate_Game(world.program(), world.controls, "T2");
+    Locate_Editor(world.program(), world.controls, "T2");
+    EXPECT_TRUE(world.controls.of("T2").fm_folders.isEmpty());
+    EXPECT_EQ(world.folder_of("T2") + world.controls.of("T2").editor, "");
+    ASSERT_EQ(world.ui.boxes.size(), 3u);
+    EXPECT_EQ(world.said()[0],
+              "Vantrosk can not keep the path /FMs a*#*b/frost.zip, because its name holds a "
+              "line break or \"*#*\". Please rename the folder.");
+}
+
 TEST(Choose_File, The_editor_is_the_file_itself) {
     Settings_World world;
     world.make_folder("prefix/drive_c/T3/System");

@@ -205,7 +205,6 @@ TEST_F(Settings_Window, Keys_alone_are_enough) {
     QTest::keyClick(&list, Qt::Key_Insert);
     QApplication::processEvents();
     EXPECT_EQ(Rows("T1"), (QStringList{"C:\\a", world.files.native("fms")}));
-    QTest::keyClick(&list, Qt::Key_Down);
     QTest::keyClick(&list, Qt::Key_Space);
     QApplication::processEvents();
     EXPECT_EQ(Rows("T2"), QStringList{world.files.native("fms") + " (mixed)"});
@@ -220,6 +219,41 @@ TEST_F(Settings_Window, Keys_alone_are_enough) {
     EXPECT_FALSE(window->isVisible());
 }
 
+TEST_F(Settings_Window, The_mark_in_the_list_goes_with_its_folder) {
+    world.files.write("fms/frost.zip", "zip");
+    Ini().T1_LOCATION = "C:\\a*#*C:\\b*#*C:\\a*#*";
+    Ini().TOTHER_LOCATION = "C:\\m*#*";
+    Open();
+    QTreeWidget &list = List("T1");
+    const auto marked = [&list] {
+        return list.currentItem()->text(1) + ' ' +
+               QString::number(list.indexOfTopLevelItem(list.currentItem()));
+    };
+    const auto press = [&list](Qt::Key key) {
+        QTest::keyClick(&list, key);
+        QApplication::processEvents();
+    };
+    list.setFocus();
+    press(Qt::Key_Down);
+    press(Qt::Key_Space);
+    EXPECT_EQ(Rows("T1"), (QStringList{"C:\\a", "C:\\a", "C:\\m (mixed)", "C:\\b (mixed)"}));
+    EXPECT_EQ(marked(), "C:\\b 3");
+    press(Qt::Key_Space);
+    EXPECT_EQ(Rows("T1"), (QStringList{"C:\\a", "C:\\a", "C:\\b", "C:\\m (mixed)"}));
+    EXPECT_EQ(marked(), "C:\\b 2");
+    press(Qt::Key_Up);
+    world.script().files = {world.files.native("fms/frost.zip")};
+    press(Qt::Key_Insert);
+    EXPECT_EQ(marked(), world.files.native("fms") + " 3");
+    press(Qt::Key_Delete);
+    EXPECT_EQ(marked(), "C:\\m 3");
+    press(Qt::Key_Up);
+    press(Qt::Key_Up);
+    Tabs().setCurrentIndex(1);
+    press(Qt::Key_Insert);
+    EXPECT_EQ(marked(), "C:\\a 1") << "a cancelled dialog moves nothing";
+}
+
 TEST_F(Settings_Window, Cancelled_it_writes_nothing_and_an_ini_that_can_not_be_written_is_told) {
     QFile::remove(world.files.native("home/Vantrosk.ini"));
     Open();
@@ -229,10 +263,15 @@ TEST_F(Settings_Window, Cancelled_it_writes_nothing_and_an_ini_that_can_not_be_w
     EXPECT_FALSE(world.files.exists("home/Vantrosk.ini"));
     EXPECT_EQ(Ini().DOWNLOADS_URL, "");
     world.files.make_folder("home/Vantrosk.ini/x");
+    Ini().T1_LOCATION = "C:\\a*#*";
     Open();
+    Find<QLineEdit>("settings_site")->setText("http://x.example");
+    Press("settings_remove_T1");
     Press("settings_save");
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(world.script().boxes.size(), 1U);
+    Press("settings_close");
+    EXPECT_EQ(Ini().T1_LOCATION + Ini().DOWNLOADS_URL, "C:\\a*#*");
 }
 
 TEST_F(Settings_Window, The_other_settings_are_kept) {

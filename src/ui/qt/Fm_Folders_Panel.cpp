@@ -31,6 +31,10 @@ constexpr const char *list_tip =
     "Where the missions of this game lie. A folder that holds missions of several "
     "games is marked with a tick (Space): every game looks in it";
 
+QString Folder_of(const QTreeWidgetItem &row) {
+    return row.data(mixed_column, folder_role).toString();
+}
+
 } // namespace
 
 Fm_Folders_Panel::Fm_Folders_Panel(Program &program, Settings_Controls &controls, const Game_Tab &tab,
@@ -100,9 +104,21 @@ QWidget *Fm_Folders_Panel::list() const {
     return folders_;
 }
 
+/// The row of the list as it is now that gets the mark: that of the folder, the one `at` when it is there
+/// more than once or gone.
+int Fm_Folders_Panel::Row_to_mark(const QString &folder, int at) const {
+    const int last = folders_->topLevelItemCount() - 1;
+    int row = -1;
+    for (int i = last; i >= 0; --i)
+        if (Folder_of(*folders_->topLevelItem(i)) == folder && row != at)
+            row = i;
+    return row >= 0 ? row : qBound(0, at, qMax(0, last));
+}
+
 void Fm_Folders_Panel::Refresh() {
     refreshing_ = true;
     const int current = folders_->indexOfTopLevelItem(folders_->currentItem());
+    const QString marked = current < 0 ? QString() : Folder_of(*folders_->currentItem());
     folders_->clear();
     for (const Listed_Folder &listed : Listed_Folders(controls_, QLatin1String(tab_.code))) {
         auto *row = new QTreeWidgetItem(folders_, {QString(), Shown_Path(program_, listed.folder)});
@@ -111,24 +127,25 @@ void Fm_Folders_Panel::Refresh() {
         row->setToolTip(folder_column, Shown_Path(program_, listed.folder));
     }
     hint_->setVisible(folders_->topLevelItemCount() == 0);
-    const int last = folders_->topLevelItemCount() - 1;
-    folders_->setCurrentItem(folders_->topLevelItem(qBound(0, current, qMax(0, last))));
+    // A tick moves its folder to another place: the mark goes with it, or the next Space would meet another.
+    folders_->setCurrentItem(
+        folders_->topLevelItem(Row_to_mark(added_.isEmpty() ? marked : added_, current)));
     remove_->setEnabled(folders_->currentItem() != nullptr);
     refreshing_ = false;
 }
 
 void Fm_Folders_Panel::Add() {
-    Locate_Missions(program_, controls_, QLatin1String(tab_.code));
+    added_ = Locate_Missions(program_, controls_, QLatin1String(tab_.code));
     Q_EMIT Changed();
+    added_.clear();
 }
 
 void Fm_Folders_Panel::Remove() {
     const QTreeWidgetItem *row = folders_->currentItem();
     if (!row)
         return;
-    Remove_Folder(
-        controls_, QLatin1String(tab_.code),
-        {row->data(mixed_column, folder_role).toString(), row->checkState(mixed_column) == Qt::Checked});
+    Remove_Folder(controls_, QLatin1String(tab_.code),
+                  {Folder_of(*row), row->checkState(mixed_column) == Qt::Checked});
     Q_EMIT Changed();
 }
 

@@ -34,6 +34,7 @@ private:
     void Add();
     void Remove();
     void Take_ticks();
+    int Row_to_mark(const QString &folder, int at) const;
 
     Program &program_;
     Settings_Controls &controls_;
@@ -41,6 +42,7 @@ private:
     QTreeWidget *folders_;
     QLabel *hint_;
     QPushButton *add_, *remove_;
+    QString added_; ///< the folder that was just added, which gets the mark
     bool refreshing_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
 #include "install/Install_Paths.h"
+#include "ui/settings/Shown_Path.h"
 
 namespace vantrosk {
 
@@ -16,6 +17,14 @@ constexpr const char *choose_hard_drive = "Please choose a location on your hard
 constexpr const char *choose_installed_t3 =
     "Please choose the T3.EXE located in the system folder of your Thief 3 install on your hard drive (by "
     "default this will be: c:\\program files\\Thief - Deadly Shadows\\System\\T3.exe).";
+
+constexpr const char *not_kept = "Vantrosk can not keep the path %1, because its name holds a line break or "
+                                 "\"*#*\". Please rename the folder.";
+
+/// The ini keeps a value on one line, and folders of a list apart by this mark.
+bool Can_be_kept(const QString &path) {
+    return !path.contains(u'\r') && !path.contains(u'\n') && !path.contains(QLatin1String("*#*"));
+}
 
 /// Where set-ups put games unless they are told otherwise.
 constexpr const char *usual_places[] = {"C:\\Games", "C:\\GOG Games", "C:\\Program Files (x86)",
@@ -72,6 +81,10 @@ std::optional<QString> Get_Folder_Core(Program &program, const File_Request &req
     if (!chosen || chosen->isEmpty())
         return std::nullopt;
     const QString path = Tidy_path(*chosen);
+    if (!Can_be_kept(path)) {
+        Show_Warning(program, "", QString(not_kept).arg(Shown_Path(program, path)));
+        return std::nullopt;
+    }
     if (!Is_on_disc(program, path))
         return path;
     const bool is_t3 = code == QLatin1String("T3") && Is_same_path(FileNameFromPath(path), "t3.exe");

@@ -7,8 +7,8 @@
 
 namespace vantrosk {
 
-/// Lets the user point at a file. Nothing when cancelled, and when the file lies on a CD or DVD, which the
-/// user is told.
+/// Lets the user point at a file. Nothing when cancelled, when the file lies on a CD or DVD, and when its
+/// path can not be kept in the ini; of the last two the user is told.
 std::optional<QString> Get_Folder_Core(Program &program, const File_Request &request, const QString &code);
 
 /// The program file of a tab's game; its folder is the game's.

@@ -161,9 +161,12 @@ void Locate_Game(Program &program, Settings_Controls &controls, const QString &c
         Take_Game(program, controls, code, *file);
 }
 
-void Locate_Missions(Program &program, Settings_Controls &controls, const QString &code) {
-    if (const auto folder = Get_Folder_For_ListBox(program, controls, code))
-        Add_Folder(controls, code, *folder);
+QString Locate_Missions(Program &program, Settings_Controls &controls, const QString &code) {
+    const auto folder = Get_Folder_For_ListBox(program, controls, code);
+    if (!folder)
+        return {};
+    Add_Folder(controls, code, *folder);
+    return *folder;
 }
 
 void Locate_Editor(Program &program, Settings_Controls &controls, const QString &code) {

@@ -11,8 +11,8 @@ void Locate_Game(Program &program, Settings_Controls &controls, const QString &c
 /// The same for a file that is chosen already: its folder, and what has to be asked about that game.
 void Take_Game(Program &program, Settings_Controls &controls, const QString &code,
                const QString &program_file);
-/// The green plus.
-void Locate_Missions(Program &program, Settings_Controls &controls, const QString &code);
+/// The green plus. The folder that was chosen; empty for none.
+QString Locate_Missions(Program &program, Settings_Controls &controls, const QString &code);
 void Locate_Editor(Program &program, Settings_Controls &controls, const QString &code);
 
 /// What a Dark Engine game needs to play missions without its disc. Every change of the game is asked for,

@@ -92,14 +92,18 @@ Settings_Controls Open_Settings(Program &program) {
 }
 
 Fault Save_Settings(Program &program, const Settings_Controls &controls) {
+    const Main_Ini before = program.ini;
     Clear_lists(program.ini);
     Take_games(program.ini, controls);
     program.ini.DOWNLOADS_URL = controls.downloads.trimmed();
     program.ini.MAIN_TOOLBAR = controls.toolbar_size;
     program.ini.CHECKFORUPDATES = controls.check_for_updates;
     Take_language(program, controls.language);
-    if (const Fault fault = Write_Main_Ini(program))
+    if (const Fault fault = Write_Main_Ini(program)) {
+        // The window stays open: Cancel has to find nothing changed.
+        program.ini = before;
         return fault;
+    }
     Run_Later_Step(program, Later_Step::build_config_menu);
     program.screen.menu.downloads = !program.ini.DOWNLOADS_URL.isEmpty();
     program.ui.games_changed();
