@@ -104,6 +104,19 @@ TEST_F(Game_Diag, Has_a_tab_per_game_and_one_for_its_settings_and_begins_with_th
     EXPECT_EQ(tool().windowTitle(), "Game Diagnostic Tool");
 }
 
+TEST_F(Game_Diag, Ctrl_and_tab_turn_to_the_next_game_from_everywhere) {
+    Open("T2");
+    auto *list = find<QListWidget>("diag_references");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(tool().tabs->currentIndex(), 3);
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(&tool(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(tool().tabs->currentIndex(), 7) << "the first and the last are neighbours";
+    QTest::keyClick(&tool(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(tool().tabs->currentIndex(), 0);
+}
+
 TEST_F(Game_Diag, A_tab_fills_the_game_path_and_lists_the_reference_files_of_its_game) {
     Open("T2");
     EXPECT_EQ(find<QLineEdit>("diag_game_path")->text(), world.files.native("games/T2"));

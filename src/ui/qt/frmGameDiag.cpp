@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QUrl>
@@ -61,7 +62,7 @@ frmGameDiag::frmGameDiag(Program &program, Qt_Ui &ui, const Theme &theme, const 
 void frmGameDiag::Make_tabs(const QString &code) {
     tabs->setObjectName(QStringLiteral("diag_tabs"));
     tabs->setAccessibleName(QStringLiteral("Games"));
-    tabs->setToolTip(QStringLiteral("The game to diagnose (arrow keys)"));
+    tabs->setToolTip(QStringLiteral("The game to diagnose (Ctrl+Tab)"));
     tabs->setDrawBase(false);
     tabs->setExpanding(false);
     int first = 0;
@@ -76,6 +77,14 @@ void frmGameDiag::Make_tabs(const QString &code) {
     tabs->setCurrentIndex(first);
     Choose_tab(first);
     tabs->setFocus();
+    const auto turn_with = [this](QKeySequence::StandardKey key, int step) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, step] {
+            if (tabs->isEnabled())
+                tabs->setCurrentIndex((tabs->currentIndex() + step + tabs->count()) % tabs->count());
+        });
+    };
+    turn_with(QKeySequence::NextChild, 1);
+    turn_with(QKeySequence::PreviousChild, -1);
 }
 
 QWidget *frmGameDiag::Make_left() {
