@@ -319,6 +319,20 @@ TEST_F(Diagnosing_Trouble, A_folder_that_can_not_be_read_is_named_and_the_rest_i
     EXPECT_EQ(create_reference_file(world.program(), game(), "T2").isEmpty(), false);
 }
 
+TEST_F(Diagnosing_Trouble, A_game_folder_that_can_not_be_read_was_not_compared) {
+    put("closed/x", "");
+    refer({"FILECOUNT:1", "x,0,y"});
+    const Diagnosis found =
+        Diagnose_Install(world.program(), {"T2", game() + "\\closed", "DIAG_T2_x.VKDR", {}});
+    EXPECT_TRUE(found.folder_exists);
+    EXPECT_TRUE(found.is_closed());
+    EXPECT_FALSE(found.can_export());
+    EXPECT_EQ(found.missing, QStringList{game() + "\\closed\\x"});
+    const Diagnosis open = diagnose("NONE");
+    EXPECT_FALSE(open.is_closed());
+    EXPECT_TRUE(open.can_export());
+}
+
 TEST_F(Diagnosing_Trouble, On_a_full_disk_nothing_is_promised) {
     put("a", "");
     world.program();

@@ -34,8 +34,10 @@ struct Diagnosis {
     QStringList unexpected, different, own, missing;
     QStringList unreadable; ///< folders that could not be looked into; the same
 
-    /// A folder that is not there has nothing to export.
-    bool can_export() const { return folder_exists; }
+    /// Whether the game's folder itself could not be looked into: nothing was compared.
+    bool is_closed() const { return unreadable.contains(game_folder.chopped(1)); }
+    /// A folder that is not there, or closed, has nothing to export.
+    bool can_export() const { return folder_exists && !is_closed(); }
 };
 
 /// Compares a game's folder with a reference file and writes the report `game_diag.htm` in the program's

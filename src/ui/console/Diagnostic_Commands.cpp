@@ -118,6 +118,8 @@ Console_Result Diagnose_command(const Console_Context &context) {
     result.lines = Diagnosis_lines(program, found);
     if (!found.folder_exists)
         result.reason = QStringLiteral("the game folder does not exist");
+    else if (found.is_closed())
+        result.reason = QStringLiteral("the game folder can not be read");
     else
         result.reason = found.page_fault;
     result.exit_code = result.reason.isEmpty() ? 0 : 1;

@@ -42,7 +42,10 @@ QString Numbers(const Diagnosis &found) {
     if (!found.folder_exists)
         numbers[0] =
             QStringLiteral("The game folder does not exist; %1 files are missing.").arg(found.missing.size());
-    if (!found.unreadable.isEmpty())
+    if (found.is_closed())
+        numbers[0] = QStringLiteral("The game folder can not be read; %1 files are missing.")
+                         .arg(found.missing.size());
+    else if (!found.unreadable.isEmpty())
         numbers << QStringLiteral("%1 folders could not be read.").arg(found.unreadable.size());
     return numbers.join(u' ');
 }
