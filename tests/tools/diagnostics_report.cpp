@@ -319,6 +319,14 @@ TEST_F(Diagnosing_Trouble, A_folder_that_can_not_be_read_is_named_and_the_rest_i
     EXPECT_EQ(create_reference_file(world.program(), game(), "T2").isEmpty(), false);
 }
 
+TEST_F(Diagnosing, Names_that_hold_the_words_of_a_reference_file_are_found_again) {
+    for (const char *name : {"VKCOMMA.txt", "VKCRYPT.dll", "aVKLF", "b,c", "VKVKCOMMACOMMA,"})
+        put(name, "1");
+    const Diagnosis found = diagnose(create_reference_file(world.program(), game(), "T2"));
+    EXPECT_EQ(found.matched, 5);
+    EXPECT_EQ(found.unexpected + found.different + found.missing, QStringList());
+}
+
 TEST_F(Diagnosing_Trouble, A_game_folder_that_can_not_be_read_was_not_compared) {
     put("closed/x", "");
     refer({"FILECOUNT:1", "x,0,y"});

@@ -27,13 +27,6 @@ constexpr std::array<Path_Word, 3> path_words{{
     {u'\n', QLatin1String("VKLF")},
 }};
 
-QString With_words(const QString &path) {
-    QString written = path;
-    for (const Path_Word &row : path_words)
-        written.replace(QChar(row.sign), row.word);
-    return written;
-}
-
 QString Without_words(QString path) {
     if (!path.contains(QLatin1String("VK")))
         return path;
@@ -84,6 +77,13 @@ bool Read_heading(const QString &line, Reference &reference) {
 
 } // namespace
 
+QString Written_path(const QString &path) {
+    QString written = path;
+    for (const Path_Word &row : path_words)
+        written.replace(QChar(row.sign), row.word);
+    return written;
+}
+
 Reference Read_reference_text(const QString &text, const QString &game_folder) {
     const QString folder = game_folder.endsWith(u'\\') ? game_folder.chopped(1) : game_folder;
     Reference reference;
@@ -113,8 +113,8 @@ QString Shown_info(const Reference &reference) {
 }
 
 QString Reference_line(const QString &relative_path, qint64 size, const QString &date) {
-    return (Would_be_misread(relative_path) ? QStringLiteral("\\") : QString()) + With_words(relative_path) +
-           u',' + QString::number(size) + u',' + date + QLatin1String("\r\n");
+    return (Would_be_misread(relative_path) ? QStringLiteral("\\") : QString()) +
+           Written_path(relative_path) + u',' + QString::number(size) + u',' + date + QLatin1String("\r\n");
 }
 
 QString Listed_date(const QDateTime &modified) {

@@ -50,6 +50,8 @@ Reference Read_reference_text(const QString &text, const QString &game_folder);
 /// Text for the user's eyes, with line breaks.
 QString Shown_info(const Reference &reference);
 
+/// A path as a line has it, with words for what may not stand there.
+QString Written_path(const QString &path);
 /// The line of one file, ended by CR LF.
 QString Reference_line(const QString &relative_path, qint64 size, const QString &date);
 /// "21/11/2026 18:04:59", in local time on every system.

@@ -4,8 +4,10 @@ namespace vantrosk {
 
 namespace {
 
-/// Sign by sign, as file names compare: a name keeps its length.
-QString Folded(QString path) {
+/// Sign by sign, as file names compare: a name keeps its length. As paths are written, because a reader can
+/// not know whether "VKCOMMA" stood for a comma or was a part of the name.
+QString Folded(const QString &full_path) {
+    QString path = Written_path(full_path);
     for (QChar &letter : path)
         letter = letter.toCaseFolded();
     return path;
