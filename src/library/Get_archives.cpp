@@ -3,6 +3,7 @@
 #include "core/Games.h"
 #include "core/mdlFile_Functions.h"
 #include "core/mdlFormDisplayFunctions.h"
+#include "install/undo/Undo_List.h"
 #include "library/Fm_List_View.h"
 #include "library/Scan.h"
 
@@ -210,11 +211,17 @@ void Walk_folders(Program &program, Scan &scan) {
         Walk_folder(program, scan, folder);
 }
 
-/// With no mission installed, the game's own are what is ready to play.
+/// With no mission installed, the game's own are what is ready to play: unless another game that shares the
+/// folder has its missions there.
 void Mark_originals_ready(Program &program, const Scan &scan) {
     Fm_List &list = program.screen.list;
-    if (scan.installed_marker == 0 && list.original_rows > 0)
-        list.rows.front().cells[col_ready] = "Yes";
+    if (scan.installed_marker != 0 || list.original_rows == 0)
+        return;
+    Fm_Row &row = list.rows.front();
+    const QString folder = scan.is_custom() ? QString(program.custom_game_path).remove("*#*")
+                                            : Game_Folder(program.ini, row.game_icon);
+    if (IsCurrentlyInstalled(program, folder, row.cells[col_zip], row.game_icon))
+        row.cells[col_ready] = "Yes";
 }
 
 void Show_list(Program &program) {

@@ -139,6 +139,23 @@ TEST(Scan_Installed, A_hidden_installed_mission_gives_its_mark_to_the_next_row) 
     EXPECT_EQ(world.list().current_row, -1) << "another selection is on its way";
 }
 
+TEST(Scan_Installed, The_missions_of_another_game_in_the_same_folder_are_not_the_originals) {
+    for (const char *in_place :
+         {"Original T2X\r\n[ZIP NAME]\r\n\r\n", "Z:\\fms\\x.zip\r\n[ZIP NAME]\r\nx.zip\r\n"}) {
+        Scan_World world;
+        world.mission("a.zip");
+        world.write("games/T2/current_install.txt",
+                    QByteArray("[ZIP LOCATION]\r\n") + in_place + "[ZIP CONTENTS]\r\n");
+        world.scan();
+        EXPECT_EQ(world.cell("Original", col_ready), "") << in_place;
+    }
+    Scan_World world;
+    world.write("games/T2/current_install.txt",
+                "[ZIP LOCATION]\r\nOriginal\r\n[ZIP NAME]\r\n\r\n[ZIP CONTENTS]\r\n\r\n");
+    world.scan();
+    EXPECT_EQ(world.cell("Original", col_ready), "Yes");
+}
+
 TEST(Scan_Installed, With_none_installed_the_original_missions_are_ready) {
     Scan_World world;
     world.mission("a.zip");

@@ -9,6 +9,7 @@
 #include "ui/qt/Recent_Panel.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -92,6 +93,23 @@ TEST_F(Recent_Window, The_keys_reach_the_cells_and_take_one_out) {
     EXPECT_EQ(window.recent->count(), 1);
     QTest::keyClick(window.recent->cell(0), Qt::Key_Return);
     EXPECT_EQ(world.program().FM_PANEL, "a.zip");
+}
+
+TEST_F(Recent_Window, Ten_cells_keep_their_height_and_the_one_with_the_keys_is_in_view) {
+    for (int rank = 1; rank <= 10; ++rank)
+        played(QString("%1.zip").arg(rank), rank);
+    frmMain &window = open();
+    window.resize(1024, 700);
+    window.activateWindow();
+    entry()->trigger();
+    QApplication::processEvents();
+    ASSERT_EQ(window.recent->count(), 10);
+    for (int i = 0; i < window.recent->count(); ++i) {
+        Recent_Cell_View *cell = window.recent->cell(i);
+        EXPECT_GE(cell->height(), cell->sizeHint().height()) << i;
+        cell->setFocus();
+        EXPECT_EQ(cell->visibleRegion().boundingRect().height(), cell->height()) << i;
+    }
 }
 
 TEST_F(Recent_Window, A_mission_whose_zip_is_gone_is_marked_and_takes_no_click) {

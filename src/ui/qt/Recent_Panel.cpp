@@ -82,6 +82,18 @@ QSize Recent_Cell_View::sizeHint() const {
     return layout()->sizeHint();
 }
 
+/// The least height that the style gives every button is far below what a cell shows: the cells would be
+/// pressed into the panel instead of scrolling.
+bool Recent_Cell_View::event(QEvent *event) {
+    const bool is_done = QPushButton::event(event);
+    const bool may_have_new_height = event->type() == QEvent::Polish ||
+                                     event->type() == QEvent::StyleChange ||
+                                     event->type() == QEvent::LayoutRequest;
+    if (may_have_new_height && layout())
+        setMinimumHeight(sizeHint().height());
+    return is_done;
+}
+
 Recent_Panel::Recent_Panel(const Program &program, const Theme &theme, QWidget *parent)
     : QWidget(parent), program_(program), theme_(theme) {
     setObjectName(QStringLiteral("recent_panel"));
@@ -91,16 +103,16 @@ Recent_Panel::Recent_Panel(const Program &program, const Theme &theme, QWidget *
     column_ = new QVBoxLayout(cells);
     column_->setContentsMargins(margin, margin, margin, margin);
     column_->setSpacing(line_gap);
-    auto *area = new QScrollArea;
-    area->setObjectName(QStringLiteral("recent_area"));
-    area->setAccessibleName(QStringLiteral("Recently Used FMs"));
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(cells);
+    area_ = new QScrollArea;
+    area_->setObjectName(QStringLiteral("recent_area"));
+    area_->setAccessibleName(QStringLiteral("Recently Used FMs"));
+    area_->setWidgetResizable(true);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area_->setFocusPolicy(Qt::NoFocus);
+    area_->setWidget(cells);
     auto *all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
-    all->addWidget(area);
+    all->addWidget(area_);
     Refresh();
 }
 
@@ -146,9 +158,11 @@ void Recent_Panel::Show_menu(const Recent_Cell_View *cell, const QPoint &at_glob
     menu->popup(at_global);
 }
 
-/// Arrows go from cell to cell, Delete takes one out.
+/// Arrows go from cell to cell, Delete takes one out; the cell that has the keys is in view.
 bool Recent_Panel::eventFilter(QObject *watched, QEvent *event) {
     auto *cell = static_cast<Recent_Cell_View *>(watched);
+    if (event->type() == QEvent::FocusIn)
+        area_->ensureWidgetVisible(cell, 0, margin);
     if (event->type() == QEvent::ContextMenu) {
         Show_menu(cell, static_cast<QContextMenuEvent *>(event)->globalPos());
         return true;

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QScrollArea;
 class QVBoxLayout;
 
 namespace vantrosk {
@@ -25,6 +26,9 @@ public:
                      int picture_width);
     QSize sizeHint() const override;
     int rank() const { return rank_; }
+
+protected:
+    bool event(QEvent *event) override;
 
 private:
     int rank_;
@@ -56,6 +60,7 @@ private:
     const Program &program_;
     Theme theme_;
     QVBoxLayout *column_;
+    QScrollArea *area_;
     std::vector<Recent_Cell_View *> cells_;
 };
 
