@@ -327,6 +327,20 @@ TEST_F(Diagnosing, Names_that_hold_the_words_of_a_reference_file_are_found_again
     EXPECT_EQ(found.unexpected + found.different + found.missing, QStringList());
 }
 
+TEST_F(Diagnosing, Two_names_that_differ_in_case_only_are_each_compared_with_their_own_row) {
+    put("NOTE.TXT", "1");
+    put("note.txt", "22");
+    for (const QStringList &rows : {QStringList{"note.txt,2," + date, "NOTE.TXT,1," + date},
+                                    QStringList{"NOTE.TXT,1," + date, "note.txt,2," + date}}) {
+        refer(rows);
+        const Diagnosis found = diagnose();
+        EXPECT_EQ(found.matched, 2);
+        EXPECT_EQ(found.different + found.missing, QStringList());
+    }
+    refer({"Note.txt,1," + date, "note.TXT,2," + date});
+    EXPECT_EQ(diagnose().matched, 2) << "the earlier row goes to the file that comes first";
+}
+
 TEST_F(Diagnosing_Trouble, A_game_folder_that_can_not_be_read_was_not_compared) {
     put("closed/x", "");
     refer({"FILECOUNT:1", "x,0,y"});

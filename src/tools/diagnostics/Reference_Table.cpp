@@ -30,8 +30,14 @@ Reference_Row *Reference_Table::take(const QString &full_path) {
     const auto found = first_.find(Folded(full_path));
     if (found == first_.end() || *found == none)
         return nullptr;
-    const auto row = static_cast<std::size_t>(*found);
-    *found = next_[row];
+    // The exact spelling first: this system can have "Note.txt" and "note.txt" in one folder.
+    int *place = &*found;
+    while (*place != none && rows_[static_cast<std::size_t>(*place)].path != full_path)
+        place = &next_[static_cast<std::size_t>(*place)];
+    if (*place == none)
+        place = &*found;
+    const auto row = static_cast<std::size_t>(*place);
+    *place = next_[row];
     return &rows_[row];
 }
 

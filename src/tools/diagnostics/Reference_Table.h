@@ -6,8 +6,8 @@
 
 namespace vantrosk {
 
-/// The rows of a reference while files are looked up in it. Each row is found once, the earlier of two with
-/// one path first, at the same cost however many there are.
+/// The rows of a reference while files are looked up in it. Each row is found once, of several with one path
+/// the one that is spelled alike, else the earliest, at the same cost however many paths there are.
 class Reference_Table {
 public:
     explicit Reference_Table(std::vector<Reference_Row> rows);
