@@ -9,6 +9,9 @@ bool Show_Crash_Evidence(Program &program) {
     const Paths &paths = program.paths;
     if (!FileExists(program, paths.install_recover_log))
         return false;
+    // The log of a run that goes on in another session is no evidence of a crash.
+    if (program.files.lock_folder(paths.AppPath).fault.kind == Fault_Kind::exists)
+        return false;
     if (FileExists(program, paths.debug_log)) {
         // One name per day of the year: a second crash on that day replaces the evidence of the first.
         const QString kept = paths.AppPath + "\\debug_" + program.clock.now().toString("dd_MM") + ".log";

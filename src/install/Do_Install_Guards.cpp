@@ -73,6 +73,20 @@ bool Game_folder_is_free(Install_Run &run) {
                            " at this moment.\r\nNO install has taken place");
 }
 
+/// One log serves all the games of a program's folder: a second run would write its steps into the first
+/// one's.
+bool Recover_log_is_free(Install_Run &run) {
+    Program &program = run.program;
+    const QString home = program.files.real_path(program.paths.AppPath);
+    if (Is_same_path(home, program.files.real_path(program.CURRENT_GAME_PATH)))
+        return true;
+    const auto lock = program.files.lock_folder(program.paths.AppPath);
+    run.log_lock = lock.value;
+    return lock.fault.kind != Fault_Kind::exists ||
+           Refuse(run, "WARNING: another Vantrosk is installing with the same program folder at this "
+                       "moment.\r\nNO install has taken place");
+}
+
 bool Thief3_saves_are_set_up(Install_Run &run) {
     if (run.program.CURRENT_GAME != "T3" || Has_thief3_save_folder(run.program))
         return true;
@@ -119,8 +133,9 @@ bool Other_loader_is_idle(Install_Run &run) {
 
 bool Guards_let_pass(Install_Run &run) {
     return Thief3_saves_are_set_up(run) && (run.restore_originals || Zip_can_be_opened(run)) &&
-           Game_folder_is_there(run) && Game_folder_is_free(run) && Undo_list_can_be_read(run) &&
-           (run.restore_originals || Zip_can_be_unpacked(run)) && Other_loader_is_idle(run);
+           Game_folder_is_there(run) && Game_folder_is_free(run) && Recover_log_is_free(run) &&
+           Undo_list_can_be_read(run) && (run.restore_originals || Zip_can_be_unpacked(run)) &&
+           Other_loader_is_idle(run);
 }
 
 } // namespace vantrosk

@@ -62,6 +62,7 @@ struct Install_Run {
     bool restore_originals = false;
     QString zip_name;                    ///< of the selected row
     std::shared_ptr<void> folder_lock{}; ///< held to the end of the run
+    std::shared_ptr<void> log_lock{};    ///< the same, for the log of the program's folder
     bool unfinished = false;             ///< an earlier run on this folder stopped half way
     std::optional<Undo_List> previous{};
     Leaving leaving{};

@@ -161,6 +161,32 @@ TEST_F(Console, Two_runs_never_work_on_one_game_folder_at_the_same_time) {
     EXPECT_EQ(run({"install", "T2", "frost.zip"}).exit_code, 0);
 }
 
+TEST_F(Console, Two_runs_never_share_the_recovery_log_of_one_program_folder) {
+    set_up();
+    const Snapshot before = world.snapshot("games/Thief2");
+    auto other = world.platform.files->lock_folder(world.windows("home"));
+    const Console_Run refused = run({"--json", "install", "T2", "frost.zip"});
+    EXPECT_EQ(refused.exit_code, 1);
+    EXPECT_EQ(refused.json()["status"].toString(), "Install Aborted");
+    EXPECT_TRUE(
+        refused.err.join('\n').contains("another Vantrosk is installing with the same program folder"));
+    EXPECT_EQ(world.snapshot("games/Thief2"), before);
+    EXPECT_FALSE(world.exists("home/install_recover.log"));
+    other.value.reset();
+    EXPECT_EQ(run({"install", "T2", "frost.zip"}).exit_code, 0);
+}
+
+TEST_F(Console, The_log_of_an_install_that_goes_on_elsewhere_is_no_crash) {
+    set_up();
+    world.write("home/install_recover.log", "[UNZIPPING_FM]");
+    world.write("home/debug.log", "its steps");
+    auto other = world.platform.files->lock_folder(world.windows("home"));
+    EXPECT_FALSE(run({"settings", "get", "T2"}).err.join('\n').contains("did not finish"));
+    EXPECT_EQ(world.read("home/debug.log"), "its steps");
+    other.value.reset();
+    EXPECT_TRUE(run({"settings", "get", "T2"}).err.join('\n').contains("did not finish"));
+}
+
 TEST_F(Console, A_known_zip_that_became_unreadable_is_named_and_nothing_changes) {
     set_up();
     run({"scan", "T2"});
