@@ -116,8 +116,13 @@ void Recover_log(Program &program, const QString &line) {
 }
 
 void Recover_log(Program &program, const QStringList &lines) {
-    if (!lines.isEmpty())
-        Trace_fault(program, program.files.append_file(program.paths.install_recover_log, Bytes_of(lines)));
+    if (lines.isEmpty())
+        return;
+    const QString &log = program.paths.install_recover_log;
+    const auto present = program.files.look(log);
+    // A disk that was full at the start has no head yet, and without one nobody knows which game a log is of.
+    const QStringList head = present && present->size > 0 ? QStringList() : Head(program);
+    Trace_fault(program, program.files.append_file(log, Bytes_of(head + lines)));
 }
 
 void Trace_fault(Program &program, const Fault &fault) {

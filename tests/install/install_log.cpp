@@ -1,4 +1,5 @@
 #include "install/Install_World.h"
+#include "install/Recover_Log.h"
 
 #include <gtest/gtest.h>
 
@@ -153,6 +154,21 @@ TEST(Install_Log, An_install_over_a_mission_writes_these_lines) {
     expected << "//Backup files found so unzipping";
     expected += building_list + unzipping_fm + last_stages;
     EXPECT_EQ(Relative_lines(world), expected);
+}
+
+TEST(Install_Log, A_head_that_the_disk_had_no_room_for_is_written_with_the_first_line_that_it_has_room_for) {
+    for (const bool is_empty_file : {false, true}) {
+        Install_World world;
+        world.mission("m.zip", {{"a.mis", "x"}, {"b.str", "y"}});
+        ASSERT_TRUE(world.install("m.zip"));
+        if (is_empty_file)
+            world.write("home/install_recover.log", "");
+        Recover_log(world.program(), "[ZIPPING_SAVES]");
+        EXPECT_EQ(world.unfinished_log().value(3), "//Current Game Path = " + world.game_path());
+        EXPECT_EQ(world.unfinished_log().mid(5), QStringList{"[ZIPPING_SAVES]"});
+        ASSERT_TRUE(world.restore());
+        EXPECT_FALSE(world.exists("home/install_recover.log"));
+    }
 }
 
 TEST(Install_Log, A_restore_writes_no_lines_of_stages_4_and_5) {
