@@ -31,6 +31,7 @@ using namespace faults;
 
 constexpr unsigned moments_seed = 1119;
 constexpr int random_moments = 200;
+constexpr int first_moments = 4000; ///< microseconds
 
 QTextStream out(stdout);
 
@@ -165,7 +166,9 @@ private:
         const QString filler = world_.root() + "/../filler";
         for (int i = 0; i < 60; i += share_) {
             world_.rewind();
-            const int moment = random(0, int(lengths_.at(&install_b_)));
+            // Every second time before the log has its head.
+            const int latest = i / share_ % 2 == 0 ? int(lengths_.at(&install_b_)) : first_moments;
+            const int moment = random(0, latest);
             const int left = random(0, 3) == 0 ? random(0, 200000) : 0;
             const Child_End cut = Run_child(world_, install_b_, {}, [&](int) {
                 ::usleep(useconds_t(moment));
