@@ -36,6 +36,11 @@ Log_Head Read_head(const Program &program, const QString &log) {
     return head;
 }
 
+/// A log whose head a full disk kept out may be of any game.
+bool May_be_of_game(const Log_Head &head, const QString &game_path) {
+    return head.game_path.isEmpty() || Is_same_path(head.game_path, Tidy_path(game_path));
+}
+
 /// The log of a second game folder: "install_recover.log.1" and on.
 QString Kept_log(const Program &program, int number) {
     return program.paths.install_recover_log + "." + QString::number(number);
@@ -54,7 +59,7 @@ void Keep_log_of_another_game(Program &program) {
     if (!FileExists(program, log))
         return;
     const Log_Head head = Read_head(program, log);
-    if (head.refused || Is_same_path(head.game_path, Tidy_path(program.CURRENT_GAME_PATH)))
+    if (head.refused || May_be_of_game(head, program.CURRENT_GAME_PATH))
         return;
     for (int number = 1; number <= most_kept_logs; ++number) {
         const QString kept = Kept_log(program, number);
@@ -93,7 +98,7 @@ bool Has_unfinished_run(const Program &program, const QString &game_path) {
         if (!FileExists(program, log))
             continue;
         const Log_Head head = Read_head(program, log);
-        if (!head.refused && Is_same_path(head.game_path, Tidy_path(game_path)))
+        if (!head.refused && May_be_of_game(head, game_path))
             return true;
     }
     return false;
@@ -116,13 +121,8 @@ void Recover_log(Program &program, const QString &line) {
 }
 
 void Recover_log(Program &program, const QStringList &lines) {
-    if (lines.isEmpty())
-        return;
-    const QString &log = program.paths.install_recover_log;
-    const auto present = program.files.look(log);
-    // A disk that was full at the start has no head yet, and without one nobody knows which game a log is of.
-    const QStringList head = present && present->size > 0 ? QStringList() : Head(program);
-    Trace_fault(program, program.files.append_file(log, Bytes_of(head + lines)));
+    if (!lines.isEmpty())
+        Trace_fault(program, program.files.append_file(program.paths.install_recover_log, Bytes_of(lines)));
 }
 
 void Trace_fault(Program &program, const Fault &fault) {
